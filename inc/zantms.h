@@ -1,0 +1,12 @@
+#pragma once
+
+/// The whole public interface of the type manager.
+
+#include "zncodes.h"
+#include "zncontext.h"
+#include "znexport.h"
+#include "znquery.h"
+#include "znstring.h"
+#include "zntypecvt.h"
+#include "zntypemgr.h"
+#include "zntyperow.h"

@@ -1,0 +1,203 @@
+#pragma once
+
+/// Languages, code sets and the order of characters.
+///
+/// The component holds every table of the system. It is a library of its own, so that an engine
+/// may bring another one with the same interface. All records are constant and shared: nothing
+/// here is ever freed, and every pointer that a query gives lives as long as the process.
+///
+/// Worked example: the order number of `A` in code set 1 is
+/// `ZnLanguageContext::QueryCodeSet(1)->orderTable->Lookup('A')->order`, which is 0x400C: a letter
+/// (top bits 01), upper case (bits 13 and 12), no diacritic (bits 11 to 7), base letter 3 (bits 6
+/// to 2), no extension (bits 1 and 0).
+
+#if defined(__GNUC__)
+#define ZANIN_EXPORT __attribute__((visibility("default")))
+#else
+#define ZANIN_EXPORT
+#endif
+
+/// A list of 16-bit items: characters or order numbers.
+class ZANIN_EXPORT ZnWCharList {
+public:
+  short count;                  ///< number of items
+  unsigned short const * items; ///< the items themselves, for readers inside a hot loop
+
+  constexpr ZnWCharList(unsigned short const * first, short number) : count(number), items(first) {}
+  /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
+  virtual int Read(int index, unsigned short & item) const;
+
+protected:
+  ~ZnWCharList() = default;
+};
+
+struct ZnCharOrderProps;
+struct ZnLanguage;
+
+/// A list of table entries, parallel to a list of characters or languages.
+class ZANIN_EXPORT ZnOrderEntryList {
+public:
+  short count;
+  ZnCharOrderProps const * const * items;
+
+  constexpr ZnOrderEntryList(ZnCharOrderProps const * const * first, short number)
+      : count(number), items(first) {}
+  /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
+  virtual int Read(int index, ZnCharOrderProps const *& item) const;
+
+protected:
+  ~ZnOrderEntryList() = default;
+};
+
+/// A list of languages.
+class ZANIN_EXPORT ZnLanguageList {
+public:
+  short count;
+  ZnLanguage const * const * items;
+
+  constexpr ZnLanguageList(ZnLanguage const * const * first, short number)
+      : count(number), items(first) {}
+  /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
+  virtual int Read(int index, ZnLanguage const *& item) const;
+
+protected:
+  ~ZnLanguageList() = default;
+};
+
+/// What the order table knows of one character, or of one contraction.
+struct ZnCharOrderProps {
+  unsigned char const * classRef; ///< script class, or null: the class of the text's language
+  unsigned short order;           ///< order number of the first unit
+  unsigned short hasContractions; ///< non-zero: some following characters lead to other entries
+  unsigned short hasVariants;     ///< non-zero: some languages have an entry of their own
+  unsigned short hasExpansion;    ///< non-zero: further order numbers follow `order`
+  ZnWCharList const * contractionChars;        ///< next character (code set 253 or the table's)
+  ZnOrderEntryList const * contractionEntries; ///< parallel: the entry reached
+  ZnLanguageList const * variantLanguages;     ///< languages with an entry of their own
+  ZnOrderEntryList const * variantEntries;     ///< parallel: that entry
+  ZnWCharList const * expansion;               ///< the further order numbers
+};
+
+/// The shortcut for the inner loop: order and class of a character that needs nothing else.
+struct ZnPlainOrder {
+  unsigned short order;      ///< as in `ZnCharOrderProps`; the character value if it has no entry
+  unsigned char scriptClass; ///< 20 for no entry; `LanguageClass` for a null `classRef`
+  unsigned char traits;      ///< the bits below; 0: `order` and `scriptClass` tell everything
+
+  enum Trait : unsigned char {
+    HasVariants = 1,        ///< ask the full entry if the language has its tailoring mark
+    ContractsWithMarks = 2, ///< contracts, but only with characters of 768 and above
+    Contracts = 4,          ///< contracts with characters below 768 too
+    HasExpansion = 8,       ///< the full entry has an expansion
+    NoEntry = 16,           ///< `Lookup` gives null
+  };
+  static constexpr unsigned char LanguageClass = 255;
+};
+
+/// Order numbers of the characters of one code set.
+class ZANIN_EXPORT ZnOrderTable {
+public:
+  /// The entry of a character: never null below 512, null above for a character without entry.
+  virtual ZnCharOrderProps const * Lookup(unsigned short c) const = 0;
+
+  /// Page `c >> 8` holds the shortcut of character `c` at `c & 255`. All 256 pages are there.
+  ZnPlainOrder const * const * pages;
+
+  ZnPlainOrder const & Plain(unsigned short c) const { return pages[c >> 8][c & 255]; }
+
+protected:
+  constexpr explicit ZnOrderTable(ZnPlainOrder const * const * allPages) : pages(allPages) {}
+  ~ZnOrderTable() = default;
+};
+
+/// Case of a character. All characters are of code set 253; 0 means none.
+struct ZnUnicodeProps {
+  unsigned short upper;
+  unsigned short lower;
+  /// Further characters of the upper-case form, behind `upper`; null or empty for none.
+  ZnWCharList const * upperList;
+};
+
+/// A code set: 1 to 224 take one byte a character, 225 to 254 two.
+class ZANIN_EXPORT ZnCodeSet {
+public:
+  /// Class of digits, symbols and spaces in a text of `language`: that of the language's script.
+  /// For code set 254 it gives `language` back, which holds the class of the key.
+  virtual unsigned char ScriptClass(unsigned char language) const = 0;
+  /// The character `c` of code set `source` in this code set. A character that this code set
+  /// lacks gives `?` (U+FFFD in code set 253); the terminator gives the terminator.
+  virtual unsigned short Map(unsigned short c, unsigned char source) const = 0;
+
+  /// Order numbers; null for a code set without a table, whose characters are to be mapped to
+  /// code set 253 first.
+  ZnOrderTable const * orderTable;
+  unsigned char id;         ///< 1 to 254; ids never change once given
+  char const * name;        ///< IANA name, such as "ISO-8859-1"
+  char const * description; ///< one line in English
+  /// The 256 characters of a one-byte code set in code set 253 (0xFFFD for undefined bytes); null
+  /// for a two-byte code set.
+  unsigned short const * toUnicode;
+
+  /// Case of a character of this code set, or null if it has none. One-byte characters may come
+  /// sign-extended.
+  ZnUnicodeProps const * GetUnicodeProps(unsigned short c, unsigned char language) const;
+
+protected:
+  constexpr ZnCodeSet(ZnOrderTable const * table, unsigned char number, char const * ianaName,
+                      char const * text, unsigned short const * unicode)
+      : orderTable(table), id(number), name(ianaName), description(text), toUnicode(unicode) {}
+  ~ZnCodeSet() = default;
+};
+
+/// A language, or one of several orders of a language.
+struct ZnLanguage {
+  unsigned short hasTailoring; ///< non-zero if entries have variants for it
+  unsigned char id;            ///< 0 the root order, 1 English; ids never change once given
+  unsigned char scriptClass;   ///< class of its script: digits, symbols and spaces take it
+  char const * tag;            ///< BCP 47, such as "de" or "de-u-co-phonebk"; "und" for the root
+  char const * name;           ///< in English, such as "German (phone book)"
+};
+
+/// Access to all of it, and the process-wide defaults. Queries may run on any thread; the `Set`
+/// operations belong to program start.
+class ZANIN_EXPORT ZnLanguageContext {
+public:
+  static unsigned char GetDefaultCodeSet();
+  static unsigned char GetDefault8CodeSet();
+  static unsigned char GetDefault16CodeSet();
+  /// The code set that id 0 stands for.
+  static unsigned char GetNativeCodeSet();
+  static unsigned char GetDefaultLanguage();
+  /// Comparison flags that stand for 65535.
+  static unsigned short GetDefaultCmpOp();
+
+  /// Setting the default code set also makes it the default of its width.
+  static void SetDefaultCodeSet(unsigned char codeSet);
+  static void SetDefaultLanguage(unsigned char language);
+  static void SetDefaultCmpOp(unsigned short cmpOp);
+
+  /// Never null: id 0 gives the native code set, an id without a code set gives code set 1 or
+  /// 253 by its width.
+  static ZnCodeSet const * QueryCodeSet(unsigned char id);
+  /// Null if there is no such language.
+  static ZnLanguage const * QueryLanguage(unsigned char id);
+
+  /// Whether `QueryCodeSet` has a code set of this very id.
+  static bool HasCodeSet(unsigned char id);
+  /// By IANA name or alias, without regard to case, `-` and `_`; null if there is none.
+  static ZnCodeSet const * FindCodeSet(char const * name);
+  /// By BCP 47 tag: the longest known prefix, so that "de-AT" finds "de"; null if there is none.
+  static ZnLanguage const * FindLanguage(char const * tag);
+
+  /// Name of the order: changes whenever any order number changes, for an index key once written
+  /// must never silently change its meaning.
+  static unsigned int OrderVersion();
+  /// 64-bit fingerprint over all order numbers, classes, contractions, expansions and variants.
+  static unsigned long long OrderFingerprint();
+  /// The data that the tables were made of, such as "Unicode 15.0.0, CLDR 42".
+  static char const * OrderSource();
+};
+
+/// Starts the component (non-zero) or stops it (0). Queries work before the start and after the
+/// stop; the call puts the process-wide defaults back to what they were at load.
+extern "C" ZANIN_EXPORT void ___ZnI18NContext(int start);
