@@ -1,0 +1,60 @@
+#pragma once
+
+/// Plain numbers as text and back: what strings, rows and formats share.
+///
+/// Worked example: `NumberText(0.1).View()` is "0.10000000000000001"; `ScanDouble("12.5km")` gives
+/// 12.5, `ScanDouble("-infinity")` negative infinity, `ScanDouble("abc")` 0.
+///
+/// Nothing here depends on the locale, allocates or reads behind the text.
+
+#include <cstdint>
+#include <string_view>
+
+namespace zntms {
+
+/// The decimal text of one number, ended by a zero byte.
+class NumberText {
+public:
+  explicit NumberText(long long number);
+  explicit NumberText(unsigned long long number);
+  explicit NumberText(int number) : NumberText(static_cast<long long>(number)) {}
+  explicit NumberText(unsigned int number) : NumberText(static_cast<unsigned long long>(number)) {}
+  /// The text by the format "%.17g", from which the same double reads back, but "NaN" for every
+  /// NaN and "Infinity" or "-Infinity".
+  explicit NumberText(double number);
+
+  char const * CStr() const { return text_; }
+  unsigned int Length() const { return length_; }
+  std::string_view View() const { return {text_, length_}; }
+
+private:
+  void End(char * end);
+
+  char text_[32]; // the longest is -2.2250738585072014e-308
+  unsigned int length_ = 0;
+};
+
+/// The NaN that scans give, and the lowest value in the order of doubles.
+inline constexpr std::uint64_t kNaNBits = 0xFFF8000000000000;
+double LowestNaN();
+
+/// What a reader took: `end` points behind it, to the start of the text if it took nothing.
+struct DoubleRead {
+  double value;
+  char const * end;
+};
+
+/// Reads white space, a sign and a decimal number or a hexadecimal one ("0x1.8p3") from the start
+/// of `text`, as the C library's `strtod` does; the words for infinity and NaN are no numbers
+/// here. What is too large gives an infinity of its sign, what is too small the nearest subnormal
+/// or 0.
+DoubleRead ReadDouble(std::string_view text);
+
+/// The value of a text: the number that it begins with, whatever follows; else, if the whole text
+/// is "Infinity", "-Infinity" or "NaN" in any case, that; else 0.
+double ScanDouble(std::string_view text);
+
+/// The white space of the C locale.
+constexpr bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+} // namespace zntms
