@@ -28,8 +28,7 @@ public:
   unsigned char codeSet;
   unsigned char language;
 
-  // ---- Construction and assignment
-  // ---------------------------------------------------------------
+  // ---- Construction and assignment --------------------------------------------------------------
   //
   // Text from `char` data has the default 8-bit code set, text from 16-bit data the default
   // 16-bit code set, both the default language. Texts that are too long are cut in silence.
@@ -58,8 +57,7 @@ public:
   ZnString & operator=(char const * source);
   ZnString & operator=(unsigned short const * source);
 
-  // ---- Lifecycle
-  // ---------------------------------------------------------------------------------
+  // ---- Lifecycle --------------------------------------------------------------------------------
 
   /// Frees the buffer and leaves all four fields 0.
   void Destroy();
@@ -71,8 +69,7 @@ public:
   /// A shared string without text, of the default code set and language at load.
   static ZnString & EmptyString();
 
-  // ---- State
-  // -------------------------------------------------------------------------------------
+  // ---- State ------------------------------------------------------------------------------------
 
   unsigned short Len() const;
   /// The text; never null. A string without buffer gives a shared empty text, which must not be
@@ -84,8 +81,7 @@ public:
   /// Frees the buffer and makes the string null; gives 0.
   int SetNullValue();
 
-  // ---- Code set
-  // ----------------------------------------------------------------------------------
+  // ---- Code set ---------------------------------------------------------------------------------
 
   /// Converts the text if the widths differ, else only relabels it.
   void SetCodeSet(unsigned char cs);
@@ -97,8 +93,7 @@ public:
   /// is large enough. Characters written, or `ZnErrWrongArgument` if `src` is this string.
   int CopyMapped(ZnString const & src, unsigned char cs, short len);
 
-  // ---- Process-wide defaults, kept by the language component
-  // --------------------------------------
+  // ---- Process-wide defaults, kept by the language component ------------------------------------
 
   static unsigned char GetDefaultCodeSet();
   static unsigned char GetDefault8CodeSet();
@@ -108,9 +103,143 @@ public:
   static void SetDefaultCodeSet(unsigned char cs);
   static void SetDefaultLanguage(unsigned char languageId);
   static void SetDefaultCmpOp(unsigned short cmpOp);
+
+  // ---- Append ----------------------------------------------------------------------------------
+  //
+  // What is appended goes over to the code set of this string.
+
+  void operator+=(ZnString const & other);
+  ZnString & operator<<(ZnString const & other);
+  /// Nothing for the character 0.
+  ZnString & operator<<(char c);
+  /// On a string of two bytes a character that character (nothing for 0), else its decimal number.
+  ZnString & operator<<(unsigned short c);
+  ZnString & operator<<(short number);
+  ZnString & operator<<(int number);
+  ZnString & operator<<(unsigned int number);
+  ZnString & operator<<(long long number);
+  ZnString & operator<<(unsigned long long number);
+  ZnString & operator<<(float number);
+  ZnString & operator<<(double number);
+  ZnString & operator<<(char const * source);
+  ZnString & operator<<(unsigned short const * source);
+
+  // ---- Parts of the text -----------------------------------------------------------------------
+
+  /// The character at `i`, through which it can be written; the terminator for `i` = `Len()`. On
+  /// a string without text index 0 must not be written to. Above `Len()` a value character 0.
+  /// `i` must not be negative.
+  ZnChar operator[](int i);
+  /// `length` characters from `position`, -1 for all. Nothing behind the end gives an empty text
+  /// of the default 8-bit code set.
+  ZnString Copy(unsigned short position, short length) const;
+  ZnString Left(unsigned short n) const;
+  ZnString Right(unsigned short n) const;
+
+  // ---- Edits; each gives the string itself -----------------------------------------------------
+
+  /// Takes `count` characters out, -1 for all from `position`.
+  ZnString & Cut(unsigned short position, short count);
+  /// Puts a text before `position`; nothing if that lies behind the end.
+  ZnString & Insert(ZnString const & other, unsigned short position);
+  /// Overwrites from `position`, never lengthening the text.
+  ZnString & Replace(ZnString const & other, unsigned short position);
+  /// Appends `c` until the text has `n` characters.
+  ZnString & Expand(unsigned short n, char c);
+  ZnString & Expand(unsigned short n, unsigned short c);
+  /// The text becomes `n` times `c`.
+  ZnString & Fill(unsigned short n, char c);
+  ZnString & Fill(unsigned short n, unsigned short c);
+
+  // ---- Search ----------------------------------------------------------------------------------
+  //
+  // A place matches if the text there compares equal to the pattern by the comparison flags
+  // `cmpOp`, in language order. Flags that have neither `ZnCmpNoWildcards` nor `ZnCmpKeysOnly`
+  // make the pattern one with wildcards; with any others, and with `ZnCmpDefault`, as many
+  // characters are compared as the pattern has.
+
+  /// The first place from `start` on, or -1.
+  short Find(ZnString const & pattern, unsigned short start = 0,
+             unsigned short cmpOp = ZnCmpDefault) const;
+  short Find(char c, unsigned short start = 0, unsigned short cmpOp = ZnCmpDefault) const;
+  short Find(unsigned short c, unsigned short start = 0, unsigned short cmpOp = ZnCmpDefault) const;
+  /// The first place in the text, or -1.
+  short SubStringPos(ZnString const & pattern, unsigned short cmpOp = ZnCmpDefault) const;
+  /// Replaces every match from `start` on; the search goes on behind what was put in.
+  ZnString & ReplaceAll(ZnString const & pattern, ZnString const & replacement,
+                        unsigned short start = 0);
+  ZnString & ReplaceAll(char pattern, char replacement, unsigned short start = 0);
+  ZnString & ReplaceAll(unsigned short pattern, unsigned short replacement,
+                        unsigned short start = 0);
+
+  // ---- Trim and transform ----------------------------------------------------------------------
+
+  /// Takes away spaces at both ends.
+  ZnString & Trim();
+  ZnString & LeftTrim();
+  /// Keeps the first character, even if it is a space.
+  ZnString & RightTrim();
+  /// Replaces every character by what `op` makes of it.
+  ZnString & Transform(ZnCharOperation & op);
+  ZnString & ToLower();
+  ZnString & ToUpper();
+
+  // ---- Numbers in text -------------------------------------------------------------------------
+  //
+  // The casts read the number that the text begins with, behind white space, and give 0 for none.
+  // Integers are read with the base that the prefix tells (0x10 is 16, 010 is 8); option bit 0 of
+  // `___ZnTypeMgrOptions` makes that decimal for text of one byte a character. What does not fit
+  // gives the largest or smallest number of 32 or 64 bits; a short takes its low 16 bits.
+
+  operator short() const;
+  operator int() const;
+  operator long long() const;
+  operator double() const;
+  /// -1 and an `out` of 0 if the first character is neither a digit nor `-`; else 0 and the
+  /// number, for text of one byte a character in decimal.
+  int Atol(int & out) const;
+  int Atoll(long long & out) const;
+  /// The same with the base that the prefix tells.
+  int Strtol(int & out) const;
+  int Strtoll(long long & out) const;
+
+  // ---- Comparison ------------------------------------------------------------------------------
+  //
+  // The right-hand side is the pattern if the flags allow wildcards.
+
+  /// Negative, 0 or positive; looks at no more than `length` characters, -1 for all.
+  int Compare(ZnString const & other, short length = -1, unsigned short cmpOp = ZnCmpDefault) const;
+  /// Equal by comparison keys, both in the common language or else in the root order.
+  int EqualsIgnoreLanguage(ZnString const & other) const;
+  bool operator==(ZnString const & other) const;
+  /// The result of the comparison as it is, not a truth value.
+  int operator!=(ZnString const & other) const;
+  bool operator<(ZnString const & other) const;
+  bool operator<=(ZnString const & other) const;
+  bool operator>(ZnString const & other) const;
+  bool operator>=(ZnString const & other) const;
+
+  // ---- Wildcard characters, process-wide, for program start ------------------------------------
+
+  /// The order of `c` is that of the wildcard from now on; gives 0.
+  static int SetAsterisk(ZnChar const & c);
+  static int SetQuestion(ZnChar const & c);
+  static int SetEscape(ZnChar const & c);
 };
 
-/// Modes of `ZnStringEdit`.
-inline constexpr unsigned short EditOverwrite = 1; ///< the new text replaces as many characters
-inline constexpr unsigned short EditInsert = 2;    ///< the new text pushes the rest back
-inline constexpr unsigned short EditAssignAt = 3;  ///< the new text replaces the rest
+/// A new string of the code set and language of `a`.
+ZANTMS_EXPORT ZnString operator+(ZnString const & a, ZnString const & b);
+
+/// Takes the next item off a list: the text from `position` to the next `delimiter`, trimmed, and
+/// moves `position` behind that. A delimiter at the very start of the list is passed over.
+/// 0, or `ZnErrEndOfList`.
+ZANTMS_EXPORT int ZnSplitList(ZnString & source, ZnString & item, ZnString const & delimiter,
+                              unsigned short & position);
+
+/// Hash of the bytes of the text (units in code set 253), and of their low 7 bits.
+ZANTMS_EXPORT unsigned int HashZnString(ZnString const & s);
+ZANTMS_EXPORT unsigned int HashZnString7(ZnString const & s);
+/// Hash of a text in any byte order that agrees with the comparison order: over the comparison
+/// keys of `length` order numbers, -1 for all; over the bytes in code set 0.
+ZANTMS_EXPORT unsigned int HashString(unsigned char codeSet, unsigned char language, char * text,
+                                      short length, unsigned char byteOrder);
