@@ -89,8 +89,9 @@ struct bdate {
   unsigned char day;
 };
 
-/// A time of day. `zone` is 1 on entry to the local clocks and 0 on entry to `bksgetsystemtime`;
-/// `bksgettime` called with 0 leaves the zone's offset from UTC there, in seconds.
+/// A time of day. `zone` is 1 on entry to the local clocks and 0 on entry to the clocks in UTC, and
+/// stays as it is, but that `bksgettime` called with 0 leaves the zone's offset from UTC there, in
+/// seconds. Where there is no time zone that is 0, and local time is UTC.
 struct btime {
   unsigned char hour;
   unsigned char minute;
@@ -151,6 +152,8 @@ public:
   MemFile(MemFile const &) = delete;
   MemFile & operator=(MemFile const &) = delete;
 
+  /// Whether there are bytes behind the object, be it none of them: false for the default object,
+  /// a null buffer and a file that could not be read.
   bool IsOpen() const;
 
   /// Modes of `Seek`: where `offset` counts from.
@@ -159,8 +162,9 @@ public:
   /// Goes to a place and tells what stands there. `*length` is on entry the number of bytes
   /// wanted, on return the number that are there, from the new place to the end of the file and
   /// no more than were wanted. The place moves by `offset` alone, not by the bytes told.
-  /// Gives a pointer to the bytes, or null with `*length` 0 if there are none or if the place
-  /// would lie outside the file, in which case it does not move. `flag` is reserved, 0.
+  /// Gives a pointer to the bytes, or null with `*length` 0 if the new place is the end of the
+  /// file. The same result, with the place unmoved, means that the new place would lie outside the
+  /// file or that there is no such mode. The bytes are for reading only. `flag` is reserved, 0.
   void * Seek(long long offset, int mode, unsigned int * length, int flag);
 
 private:
@@ -206,16 +210,40 @@ public:
   /// A whole number in decimal, octal (0…) or hexadecimal (0x…).
   virtual void GetNumber(char const * key, long long * value,
                          ZnConfigName const * const * sections) const = 0;
-  /// A number with a fraction.
+  /// A number with a fraction, point and exponent as in C, whatever the locale.
   virtual void GetDouble(char const * key, double * value,
                          ZnConfigName const * const * sections) const = 0;
-  /// A 16-bit flag, which the caller has cleared: a number, or one of the words yes, on and true
-  /// for 1.
+  /// A 16-bit flag, which the caller has cleared: a number of 0 to 65535, or one of the words yes,
+  /// on and true for 1 and no, off and false for 0, in either case.
   virtual void GetFlag(char const * key, unsigned short * flag,
                        ZnConfigName const * const * sections) const = 0;
 
 protected:
   ~ZnConfig() = default;
+};
+
+/// The keys and values of a file: lines `key = value`, sections in brackets, comments that begin
+/// with `#` or `;`. Lines of no such form are passed over. Names are told apart by case; the last
+/// line of a key holds.
+class ZANBS_EXPORT ZnFileConfig final : public ZnConfig {
+public:
+  /// Reads the whole of `file`, from its start; nothing of it is needed afterwards.
+  explicit ZnFileConfig(MemFile & file);
+  ~ZnFileConfig();
+  ZnFileConfig(ZnFileConfig const &) = delete;
+  ZnFileConfig & operator=(ZnFileConfig const &) = delete;
+
+  char const * GetText(char const * key, ZnConfigName const * const * sections) const override;
+  void GetNumber(char const * key, long long * value,
+                 ZnConfigName const * const * sections) const override;
+  void GetDouble(char const * key, double * value,
+                 ZnConfigName const * const * sections) const override;
+  void GetFlag(char const * key, unsigned short * flag,
+               ZnConfigName const * const * sections) const override;
+
+private:
+  struct Entries;
+  Entries * entries_;
 };
 
 /// Gives the configuration as it was. `config` replaces it, unless it is the pointer with all
