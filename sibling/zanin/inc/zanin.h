@@ -80,7 +80,9 @@ struct ZnCharOrderProps {
 
 /// The shortcut for the inner loop: order and class of a character that needs nothing else.
 struct ZnPlainOrder {
-  unsigned short order;      ///< as in `ZnCharOrderProps`; the character value if it has no entry
+  /// As in `ZnCharOrderProps`; of no meaning with `NoEntry`, where the character value itself is
+  /// the order (so that all pages without entries are one page).
+  unsigned short order;
   unsigned char scriptClass; ///< 20 for no entry; `LanguageClass` for a null `classRef`
   unsigned char traits;      ///< the bits below; 0: `order` and `scriptClass` tell everything
 
@@ -110,11 +112,13 @@ protected:
   ~ZnOrderTable() = default;
 };
 
-/// Case of a character. All characters are of code set 253; 0 means none.
+/// Case of a character. `upper` and `lower` are of code set 253; 0 means none, and none is told
+/// for a case form that the code set of the character lacks.
 struct ZnUnicodeProps {
   unsigned short upper;
   unsigned short lower;
-  /// Further characters of the upper-case form, behind `upper`; null or empty for none.
+  /// Further characters of the upper-case form, behind `upper`, in the code set that was asked;
+  /// null or empty for none.
   ZnWCharList const * upperList;
 };
 
