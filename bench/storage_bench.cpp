@@ -3,7 +3,6 @@
 #include <benchmark/benchmark.h>
 
 #include <cstring>
-#include <vector>
 
 /// Storing arrays of 4096 elements at odd addresses, beside `memcpy` of as many bytes.
 
@@ -11,25 +10,28 @@ namespace {
 
 constexpr unsigned int kCount = 4096;
 
+/// The same bytes for all, so that no case has luck with its place in the cache, and at odd
+/// addresses, as stored values lie.
+alignas(4096) unsigned char src[kCount * 8 + 17];
+alignas(4096) unsigned char dst[kCount * 8 + 17];
+
 using Mover = unsigned int (*)(void *, void const *, unsigned char, unsigned int);
 
 void Run(benchmark::State & state, unsigned int width, auto && move) {
-  std::vector<unsigned char> src(kCount * width + 1, 0x5A);
-  std::vector<unsigned char> dst(kCount * width + 1);
   for (auto _ : state) {
-    move(dst.data() + 1, src.data() + 1);
-    benchmark::DoNotOptimize(dst.data());
+    move(dst + 17, src + 1);
+    benchmark::DoNotOptimize(&dst);
     benchmark::ClobberMemory();
   }
   state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * kCount * width);
 }
 
 void Store(benchmark::State & state, Mover mover, unsigned int width, unsigned char format) {
-  Run(state, width, [=](void * dst, void const * src) { mover(dst, src, format, kCount); });
+  Run(state, width, [=](void * to, void const * from) { mover(to, from, format, kCount); });
 }
 
 void Copy(benchmark::State & state, unsigned int width) {
-  Run(state, width, [=](void * dst, void const * src) { std::memcpy(dst, src, kCount * width); });
+  Run(state, width, [=](void * to, void const * from) { std::memcpy(to, from, kCount * width); });
 }
 
 BENCHMARK_CAPTURE(Store, little2, &ShortStore, 2, 1)->Name("Store/little2");
