@@ -2,7 +2,10 @@
 
 /// The whole public interface of the type manager.
 
+#include "_znnulty.h"
+#include "znboolean.h"
 #include "zncodes.h"
+#include "zncompare.h"
 #include "zncontext.h"
 #include "znexport.h"
 #include "znquery.h"

@@ -1,6 +1,0 @@
-#include "zncontext.h"
-
-int & ___ZnTypeMgrOptions() {
-  static constinit int options = 0;
-  return options;
-}
