@@ -8,6 +8,7 @@
 #include "zncompare.h"
 #include "zncontext.h"
 #include "znexport.h"
+#include "znoptions.h"
 #include "znquery.h"
 #include "znstring.h"
 #include "zntypecvt.h"

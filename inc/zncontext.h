@@ -1,6 +1,7 @@
 #pragma once
 
 #include "znexport.h"
+#include "znoptions.h"
 
 /// Start, stop and self-description of the library as a loaded module.
 
@@ -9,10 +10,6 @@ class ZnTypeMgr;
 /// Starts (non-zero) or stops (0) the library. A start makes a new default manager for factory
 /// version 5; a stop frees the present one. Not counted, not locked.
 ZANTMS_EXPORT void ___ZnTypemgrContext(int start);
-
-/// Option word, 0 at load. Bit 0: strings read numbers as decimal only (`atoi`), not with the
-/// base that their prefix tells.
-ZANTMS_EXPORT int & ___ZnTypeMgrOptions();
 
 /// Gives the default manager as it was, null before the start and after the stop. `mgr` replaces
 /// it unless null; the displaced one is the caller's from then on, while the new one is freed

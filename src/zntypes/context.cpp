@@ -57,11 +57,6 @@ void ___ZnTypemgrContext(int start) {
   defaultMgr = nullptr;
 }
 
-int & ___ZnTypeMgrOptions() {
-  static constinit int options = 0;
-  return options;
-}
-
 ZnTypeMgr * DefaultTypeMgr(ZnTypeMgr * mgr) {
   ZnTypeMgr * const old = defaultMgr;
   if (mgr != nullptr)

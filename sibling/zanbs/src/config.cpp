@@ -94,7 +94,7 @@ std::optional<unsigned short> ReadFlag(string_view text) {
 } // namespace
 
 /// The entries by section and key; "" is the section outside of every section.
-struct ZnFileConfig::Entries {
+struct [[gnu::visibility("hidden")]] ZnFileConfig::Entries {
   using Section = std::map<std::string, std::string, std::less<>>;
   std::map<std::string, Section, std::less<>> sections;
 
