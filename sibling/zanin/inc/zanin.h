@@ -17,6 +17,9 @@
 #define ZANIN_EXPORT
 #endif
 
+struct ZnCharOrderProps;
+struct ZnLanguage;
+
 /// A list of 16-bit items: characters or order numbers.
 class ZANIN_EXPORT ZnWCharList {
 public:
@@ -31,32 +34,33 @@ protected:
   ~ZnWCharList() = default;
 };
 
-struct ZnCharOrderProps;
-struct ZnLanguage;
-
 /// A list of table entries, parallel to a list of characters or languages.
 class ZANIN_EXPORT ZnOrderEntryList {
 public:
   short count;
-  ZnCharOrderProps const * const * items;
 
-  constexpr ZnOrderEntryList(ZnCharOrderProps const * const * first, short number)
-      : count(number), items(first) {}
+  /// `first` holds the places of the items in the table of all entries.
+  constexpr ZnOrderEntryList(unsigned short const * first, short number)
+      : count(number), places(first) {}
   /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
   virtual int Read(int index, ZnCharOrderProps const *& item) const;
+  /// Item `index` without a check, for readers inside a hot loop.
+  ZnCharOrderProps const * operator[](int index) const;
 
 protected:
   ~ZnOrderEntryList() = default;
+
+private:
+  unsigned short const * places;
 };
 
 /// A list of languages.
 class ZANIN_EXPORT ZnLanguageList {
 public:
   short count;
-  ZnLanguage const * const * items;
+  unsigned char const * ids; ///< the ids of the languages, for readers inside a hot loop
 
-  constexpr ZnLanguageList(ZnLanguage const * const * first, short number)
-      : count(number), items(first) {}
+  constexpr ZnLanguageList(unsigned char const * first, short number) : count(number), ids(first) {}
   /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
   virtual int Read(int index, ZnLanguage const *& item) const;
 
@@ -64,18 +68,43 @@ protected:
   ~ZnLanguageList() = default;
 };
 
-/// What the order table knows of one character, or of one contraction.
+/// A reference to a record of a table by its place: reads like a pointer, takes two bytes and no
+/// work of the loader. Place 0 is null.
+template <class Record>
+class ZnTableRef {
+public:
+  constexpr ZnTableRef(unsigned short tablePlace = 0) : place(tablePlace) {}
+  inline Record const * Get() const;
+  operator Record const *() const { return Get(); }
+  Record const * operator->() const { return Get(); }
+
+private:
+  unsigned short place;
+};
+
+/// A reference to a script class byte: reads like `unsigned char const *`. Class 0 is null.
+class ZnClassRef {
+public:
+  constexpr ZnClassRef(unsigned char scriptClass) : value(scriptClass) {}
+  constexpr operator unsigned char const *() const { return value != 0 ? &value : nullptr; }
+
+private:
+  unsigned char value;
+};
+
+/// What the order table knows of one character, or of one contraction. The classes of letters are
+/// 1 to 19, so that the number 0 may stand for null.
 struct ZnCharOrderProps {
-  unsigned char const * classRef; ///< script class, or null: the class of the text's language
+  ZnClassRef classRef;            ///< script class, or null: the class of the text's language
   unsigned short order;           ///< order number of the first unit
   unsigned short hasContractions; ///< non-zero: some following characters lead to other entries
   unsigned short hasVariants;     ///< non-zero: some languages have an entry of their own
   unsigned short hasExpansion;    ///< non-zero: further order numbers follow `order`
-  ZnWCharList const * contractionChars;        ///< next character (code set 253 or the table's)
-  ZnOrderEntryList const * contractionEntries; ///< parallel: the entry reached
-  ZnLanguageList const * variantLanguages;     ///< languages with an entry of their own
-  ZnOrderEntryList const * variantEntries;     ///< parallel: that entry
-  ZnWCharList const * expansion;               ///< the further order numbers
+  ZnTableRef<ZnWCharList> contractionChars;        ///< next character, in the code set of the table
+  ZnTableRef<ZnOrderEntryList> contractionEntries; ///< parallel: the entry reached
+  ZnTableRef<ZnLanguageList> variantLanguages;     ///< languages with an entry of their own
+  ZnTableRef<ZnOrderEntryList> variantEntries;     ///< parallel: that entry
+  ZnTableRef<ZnWCharList> expansion;               ///< the further order numbers
 };
 
 /// The shortcut for the inner loop: order and class of a character that needs nothing else.
@@ -100,9 +129,11 @@ struct ZnPlainOrder {
 class ZANIN_EXPORT ZnOrderTable {
 public:
   /// The entry of a character: never null below 512, null above for a character without entry.
+  /// A one-byte code set looks at the low byte only.
   virtual ZnCharOrderProps const * Lookup(unsigned short c) const = 0;
 
-  /// Page `c >> 8` holds the shortcut of character `c` at `c & 255`. All 256 pages are there.
+  /// Page `c >> 8` holds the shortcut of character `c` at `c & 255`. All 256 pages are there; of
+  /// a one-byte code set only page 0 is its own.
   ZnPlainOrder const * const * pages;
 
   ZnPlainOrder const & Plain(unsigned short c) const { return pages[c >> 8][c & 255]; }
@@ -119,7 +150,7 @@ struct ZnUnicodeProps {
   unsigned short lower;
   /// Further characters of the upper-case form, behind `upper`, in the code set that was asked;
   /// null or empty for none.
-  ZnWCharList const * upperList;
+  ZnTableRef<ZnWCharList> upperList;
 };
 
 /// A code set: 1 to 224 take one byte a character, 225 to 254 two.
@@ -201,6 +232,42 @@ public:
   /// The data that the tables were made of, such as "Unicode 15.0.0, CLDR 42".
   static char const * OrderSource();
 };
+
+namespace zntms {
+
+/// A list as a table holds it.
+template <class List>
+class ZnStoredList final : public List {
+public:
+  using List::List;
+};
+
+// The tables that references point into.
+extern ZANIN_EXPORT ZnStoredList<ZnWCharList> const ZnCharListTable[];
+extern ZANIN_EXPORT ZnStoredList<ZnOrderEntryList> const ZnEntryListTable[];
+extern ZANIN_EXPORT ZnStoredList<ZnLanguageList> const ZnLanguageListTable[];
+extern ZANIN_EXPORT ZnCharOrderProps const ZnOrderEntryTable[];
+
+inline ZnWCharList const * TableRecord(unsigned short place, ZnWCharList const *) {
+  return &ZnCharListTable[place];
+}
+inline ZnOrderEntryList const * TableRecord(unsigned short place, ZnOrderEntryList const *) {
+  return &ZnEntryListTable[place];
+}
+inline ZnLanguageList const * TableRecord(unsigned short place, ZnLanguageList const *) {
+  return &ZnLanguageListTable[place];
+}
+
+} // namespace zntms
+
+template <class Record>
+inline Record const * ZnTableRef<Record>::Get() const {
+  return place != 0 ? zntms::TableRecord(place, static_cast<Record const *>(nullptr)) : nullptr;
+}
+
+inline ZnCharOrderProps const * ZnOrderEntryList::operator[](int index) const {
+  return &zntms::ZnOrderEntryTable[places[index]];
+}
 
 /// Starts the component (non-zero) or stops it (0). Queries work before the start and after the
 /// stop; the call puts the process-wide defaults back to what they were at load.

@@ -1,26 +1,32 @@
-#include "zanin.h"
+#include "tables.h"
 
 namespace {
 
 /// One bounds check for the three kinds of list.
-template <class Item>
-int ReadItem(Item const * items, short count, int index, Item & item) {
-  if (index < 0 || index >= count)
-    return -1;
-  item = items[index];
-  return 0;
+template <class List>
+bool Holds(List const & list, int index) {
+  return index >= 0 && index < list.count;
 }
 
 } // namespace
 
 int ZnWCharList::Read(int index, unsigned short & item) const {
-  return ReadItem(items, count, index, item);
+  if (!Holds(*this, index))
+    return -1;
+  item = items[index];
+  return 0;
 }
 
 int ZnOrderEntryList::Read(int index, ZnCharOrderProps const *& item) const {
-  return ReadItem(items, count, index, item);
+  if (!Holds(*this, index))
+    return -1;
+  item = (*this)[index];
+  return 0;
 }
 
 int ZnLanguageList::Read(int index, ZnLanguage const *& item) const {
-  return ReadItem(items, count, index, item);
+  if (!Holds(*this, index))
+    return -1;
+  item = &zntms::LanguageTable[ids[index]];
+  return 0;
 }

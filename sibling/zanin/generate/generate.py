@@ -1,0 +1,73 @@
+#!/usr/bin/env python3
+"""Makes the tables of the language component.
+
+    generate.py            writes the tables
+    generate.py --check    fails if the tables on disk are not what it would write
+    generate.py --compare REVISION
+                           tells in words what moved since a revision of the repository
+
+Needs Python 3 and Debian's packages unicode-data and unicode-cldr-core. The output depends on
+them and on these sources alone.
+"""
+
+import argparse
+import os
+import sys
+
+import emit
+import model
+import tables
+import trie
+import ucd
+
+VERSION = 1  # of the order: to be raised whenever the fingerprint changes
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+TARGET = os.path.join(HERE, '..', 'tables')
+
+
+def make():
+    """All table files: name to content."""
+    data = ucd.load()
+    root = model.Model(data)
+    nodes = trie.Nodes()
+    codes = sorted(set(data.name) | set(range(512)))
+    tops = trie.build(root, nodes, codes, trie.paths(root))
+    variants = {}
+    source = f'Unicode {data.ucd_version}, UCA {data.uca_version}, CLDR {data.cldr_version}'
+    result = tables.Tables(data, nodes, tops, variants)
+    return result, emit.write(result, VERSION, source, set())
+
+
+def write(files):
+    for name, text in files.items():
+        with open(os.path.join(TARGET, name), 'w', encoding='utf-8') as file:
+            file.write(text)
+
+
+def check(files):
+    """Whether the tables on disk are these."""
+    good = True
+    there = {name for name in os.listdir(TARGET) if name.endswith('.cpp')}
+    for name in sorted(there | set(files)):
+        path = os.path.join(TARGET, name)
+        old = open(path, encoding='utf-8').read() if name in there else None
+        if old != files.get(name):
+            print(f'{name}: not what the generator writes', file=sys.stderr)
+            good = False
+    return good
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
+    parser.add_argument('--check', action='store_true')
+    arguments = parser.parse_args()
+    _, files = make()
+    if arguments.check:
+        return 0 if check(files) else 1
+    write(files)
+    return 0
+
+
+if __name__ == '__main__':
+    sys.exit(main())
