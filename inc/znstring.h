@@ -239,7 +239,3 @@ ZANTMS_EXPORT int ZnSplitList(ZnString & source, ZnString & item, ZnString const
 /// Hash of the bytes of the text (units in code set 253), and of their low 7 bits.
 ZANTMS_EXPORT unsigned int HashZnString(ZnString const & s);
 ZANTMS_EXPORT unsigned int HashZnString7(ZnString const & s);
-/// Hash of a text in any byte order that agrees with the comparison order: over the comparison
-/// keys of `length` order numbers, -1 for all; over the bytes in code set 0.
-ZANTMS_EXPORT unsigned int HashString(unsigned char codeSet, unsigned char language, char * text,
-                                      short length, unsigned char byteOrder);
