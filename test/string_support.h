@@ -20,7 +20,8 @@ inline unsigned short UnitAt(ZnString const & s, unsigned int place) {
 /// The text as bytes; two-byte text by the low byte of each unit.
 inline std::string Latin(ZnString const & s) {
   std::string bytes;
-  for (unsigned int i = 0; i < s.Len(); ++i)
+  unsigned int const length = s.Len();
+  for (unsigned int i = 0; i < length; ++i)
     bytes.push_back(s.codeSet > 224 ? static_cast<char>(UnitAt(s, i)) : s.text[i]);
   return bytes;
 }
@@ -31,7 +32,7 @@ inline unsigned char CodeSetNamed(char const * name) {
 
 /// While it lives, the configuration holds `stringOverflow` in section `debug`, and reports of
 /// cut texts are counted.
-class OverflowReports : private ZnConfig {
+class OverflowReports final : private ZnConfig {
 public:
   explicit OverflowReports(int value) : value_(static_cast<unsigned short>(value)) {
     count_ = 0;
