@@ -8,6 +8,7 @@
 #include "zncompare.h"
 #include "zncontext.h"
 #include "znexport.h"
+#include "znmultibyte.h"
 #include "znoptions.h"
 #include "znquery.h"
 #include "znstring.h"
