@@ -11,6 +11,7 @@
 #include "znmultibyte.h"
 #include "znoptions.h"
 #include "znquery.h"
+#include "znscalar.h"
 #include "znstring.h"
 #include "zntypecvt.h"
 #include "zntypemgr.h"

@@ -1,6 +1,7 @@
 #include "zncontext.h"
 
 #include "zanbs.h"
+#include "zanin.h"
 #include "zntypemgr.h"
 
 #include <charconv>
@@ -49,6 +50,7 @@ void Give(Item * out, Item item) {
 } // namespace
 
 void ___ZnTypemgrContext(int start) {
+  ___ZnI18NContext(start);
   if (start != 0) {
     defaultMgr = new ZnTypeMgr(5);
     return;

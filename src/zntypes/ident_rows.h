@@ -1,6 +1,8 @@
 #pragma once
 
+#include "query/number_query.h"
 #include "zntypes/empty_rows.h"
+#include "zntypes/number_rows.h"
 
 /// Groups of the rows of identity, large values, seals and truth values.
 
@@ -51,10 +53,10 @@ inline constexpr RowBox kSealBox = kEmptyBox;
 inline constexpr ZnTypeRow::StepFunc kSealStep = &NoStep;
 
 // ZnBoolean
-inline constexpr RowText kBooleanText = EmptyText("noop");
+inline constexpr RowText kBooleanText = {"noop", &BooleanPrint, &BooleanScan};
 inline constexpr RowLife kBooleanLife = kEmptyLife;
 inline constexpr RowStorage kBooleanStorage = kEmptyStorage;
-inline constexpr RowQuery kBooleanQuery = kEmptyQuery;
+inline constexpr RowQuery kBooleanQuery = {&BooleanCompare, &BoundBooleans, &HashBooleans};
 inline constexpr RowBox kBooleanBox = kEmptyBox;
 inline constexpr RowNull kBooleanNull = kEmptyNull;
 inline constexpr ZnTypeRow::StepFunc kBooleanStep = &NoStep;

@@ -21,12 +21,6 @@ namespace zntms {
 
 namespace {
 
-// Text of numbers under shorter names.
-constexpr RowText CharText(char const * format) { return EmptyText(format); }
-constexpr RowText ShortText(char const * format) { return EmptyText(format); }
-constexpr RowText LongText(char const * format) { return EmptyText(format); }
-constexpr RowText O_8BText(char const * format) { return EmptyText(format); }
-
 using Schar = signed char;
 using Uchar = unsigned char;
 using Ushort = unsigned short;
