@@ -12,6 +12,15 @@ template <class Number>
 struct ZnNullable {
   Number value = Number(); ///< 0 while null
   signed char isNull = 1;  ///< 0: not null; non-zero: null, which the library writes as 1
+
+  /// The flag as it stands.
+  int IsNullValue() const { return isNull; }
+  /// Makes the value null and gives 0.
+  int SetNullValue() {
+    value = Number();
+    isNull = 1;
+    return 0;
+  }
 };
 
 using ZnNull_char = ZnNullable<signed char>;

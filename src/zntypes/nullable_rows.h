@@ -1,8 +1,10 @@
 #pragma once
 
 #include "query/null_query.h"
+#include "znstring/narrow_text.h"
+#include "zntypes/class_box.h"
 #include "zntypes/class_life.h"
-#include "zntypes/empty_rows.h"
+#include "zntypes/number_rows.h"
 
 /// Groups of the rows of nullable numbers: one template over the base kind.
 
@@ -14,18 +16,7 @@ template <class Number>
 inline constexpr RowLife kNullLife = kClassLife<ZnNullable<Number>>;
 
 template <class Number>
-int IsNullableNull(void * value) {
-  return static_cast<ZnNullable<Number> const *>(value)->isNull;
-}
-
-template <class Number>
-int SetNullableNull(void * value) {
-  *static_cast<ZnNullable<Number> *>(value) = ZnNullable<Number>();
-  return 0;
-}
-
-template <class Number>
-inline constexpr RowNull kNull = {&IsNullableNull<Number>, &SetNullableNull<Number>};
+inline constexpr RowNull kNull = kClassNull<ZnNullable<Number>>;
 
 // ---- Stored forms -------------------------------------------------------------------------------
 
@@ -92,35 +83,48 @@ int StepNull(void * value, unsigned int, unsigned char format, unsigned char wha
 
 // ---- Text ---------------------------------------------------------------------------------------
 
-inline constexpr RowText kNullCharText = EmptyText("%c");
-inline constexpr RowText kNullUcharText = EmptyText("%c");
-inline constexpr RowText kNullShortText = EmptyText("%hd");
-inline constexpr RowText kNullUshortText = EmptyText("%hu");
-inline constexpr RowText kNullIntText = EmptyText("%d");
-inline constexpr RowText kNullUnsignedText = EmptyText("%u");
-inline constexpr RowText kNullLongText = EmptyText("%ld");
-inline constexpr RowText kNullUlongText = EmptyText("%lu");
-inline constexpr RowText kNullFloatText = EmptyText("%.17g");
-inline constexpr RowText kNullDoubleText = EmptyText("%.17g");
-inline constexpr RowText kNull8BText = EmptyText("%I64d");
-inline constexpr RowText kNullU8BText = EmptyText("%I64u");
-
-// ---- Boxes --------------------------------------------------------------------------------------
-
-template <class Number>
-void * DefaultNullables(unsigned int count, int) {
-  return CreateValues<ZnNullable<Number>>(count);
+/// One element, by the print row of the base kind.
+template <class Number, ZnTypeRow::PrintFunc print>
+ZnString & PrintNullable(ZnString & out, void * value, char const * format, unsigned int) {
+  auto element = *static_cast<ZnNullable<Number> const *>(value);
+  return element.isNull != 0 ? out = NullPrintString() : print(out, &element.value, format, 1);
 }
 
-inline constexpr RowBox kNullCharBox = kEmptyBox;
-inline constexpr RowBox kNullUcharBox = kEmptyBox;
-inline constexpr RowBox kNullShortBox = kEmptyBox;
-inline constexpr RowBox kNullUshortBox = kEmptyBox;
-inline constexpr RowBox kNullIntBox = kEmptyBox;
-inline constexpr RowBox kNullUnsignedBox = kEmptyBox;
-inline constexpr RowBox kNullFloatBox = kEmptyBox;
-inline constexpr RowBox kNullDoubleBox = kEmptyBox;
-inline constexpr RowBox kNull8BBox = kEmptyBox;
-inline constexpr RowBox kNullU8BBox = kEmptyBox;
+/// A text that is empty or begins with the null print string is null; every other goes to the scan
+/// row of the base kind, which leaves 0 if it is no number.
+template <class Number, ZnTypeRow::ScanFunc scan>
+void * ScanNullable(void * value, ZnString & in, char const * format, unsigned int) {
+  if (value == nullptr)
+    return value;
+  auto & element = *static_cast<ZnNullable<Number> *>(value);
+  element = ZnNullable<Number>();
+  NarrowText const text(in);
+  if (text.View().empty() || BeginsWithNullText(text.View()))
+    return value;
+  scan(&element.value, in, format, 1);
+  element.isNull = 0;
+  return value;
+}
+
+template <class Number, ZnTypeRow::PrintFunc print, ZnTypeRow::ScanFunc scan>
+constexpr RowText NullableText(char const * format) {
+  return {format, &PrintNullable<Number, print>, &ScanNullable<Number, scan>};
+}
+
+inline constexpr RowText kNullCharText = NullableText<signed char, &CharPrint, &CharScan>("%c");
+inline constexpr RowText kNullUcharText = NullableText<unsigned char, &CharPrint, &CharScan>("%c");
+inline constexpr RowText kNullShortText = NullableText<short, &ShortPrint, &ShortScan>("%hd");
+inline constexpr RowText kNullUshortText =
+    NullableText<unsigned short, &ShortPrint, &ShortScan>("%hu");
+inline constexpr RowText kNullIntText = NullableText<int, &LongPrint, &LongScan>("%d");
+inline constexpr RowText kNullUnsignedText =
+    NullableText<unsigned int, &LongPrint, &LongScan>("%u");
+inline constexpr RowText kNullLongText = NullableText<int, &LongPrint, &LongScan>("%ld");
+inline constexpr RowText kNullUlongText = NullableText<unsigned int, &LongPrint, &LongScan>("%lu");
+inline constexpr RowText kNullFloatText = NullableText<float, &FloatPrint, &FloatScan>("%.17g");
+inline constexpr RowText kNullDoubleText = NullableText<double, &DoublePrint, &DoubleScan>("%.17g");
+inline constexpr RowText kNull8BText = NullableText<long long, &O_8BPrint, &O_8BScan>("%I64d");
+inline constexpr RowText kNullU8BText =
+    NullableText<unsigned long long, &O_8BPrint, &O_8BScan>("%I64u");
 
 } // namespace zntms

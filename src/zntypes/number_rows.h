@@ -1,6 +1,6 @@
 #pragma once
 
-#include "zntypes/empty_rows.h"
+#include "zntypes/row_parts.h"
 #include "zntypes/translate.h"
 
 #include "zanbs.h"
@@ -87,8 +87,6 @@ template <ZnTypeRow::MoveFunc store, ZnTypeRow::MoveFunc load, unsigned int widt
 inline constexpr ZnTypeRow::TranslateFunc kTranslateNumbers =
     &Translate<store, load, &AssignNumbers<width>, width>;
 
-inline constexpr RowText kDoubleText = EmptyText("%.17g");
-inline constexpr RowText kFloatText = EmptyText("%.17g");
 inline constexpr RowStorage kCharStorage = {
     &CharStore,   &CharStore,         &CharNullSizeGet,
     &CharSizeGet, &NumberFileSize<1>, kTranslateNumbers<&CharStore, &CharStore, 1>};
@@ -159,5 +157,12 @@ void * O_8BScan(void * value, ZnString & in, char const * format, unsigned int c
 void * FloatScan(void * value, ZnString & in, char const * format, unsigned int count);
 void * DoubleScan(void * value, ZnString & in, char const * format, unsigned int count);
 void * BooleanScan(void * value, ZnString & in, char const * format, unsigned int count);
+
+constexpr RowText CharText(char const * format) { return {format, &CharPrint, &CharScan}; }
+constexpr RowText ShortText(char const * format) { return {format, &ShortPrint, &ShortScan}; }
+constexpr RowText LongText(char const * format) { return {format, &LongPrint, &LongScan}; }
+constexpr RowText O_8BText(char const * format) { return {format, &O_8BPrint, &O_8BScan}; }
+inline constexpr RowText kFloatText = {"%.17g", &FloatPrint, &FloatScan};
+inline constexpr RowText kDoubleText = {"%.17g", &DoublePrint, &DoubleScan};
 
 } // namespace zntms
