@@ -42,13 +42,21 @@ def _pages(kind, name, pages, item=str):
     return f'constinit {kind} const {name}[][256] = {{\n{body}\n}};\n'
 
 
-def _lists(kind, base, items_name, item_kind, pool):
-    """The items of all lists one behind the other, and the lists over them."""
-    flat, rows = [], [f'{{{items_name}, 0}}']
+def _lists(kind, base, items_name, item_kind, pool, address='&{0}[{1}]', own=True):
+    """The items of all lists one behind the other, and the lists over them; a list that is part
+    of another one's items shares them."""
+    flat, rows, at = [], [f'{{{address.format(items_name, 0)},0}}'], {}
+    for one in sorted(pool.items[1:], key=lambda x: (-len(x), x)):
+        if one not in at:
+            at[one] = len(flat)
+            flat.extend(one)
+            for start in range(len(one)):
+                for end in range(start + 1, len(one) + 1):
+                    at.setdefault(one[start:end], len(flat) - len(one) + start)
     for one in pool.items[1:]:
-        rows.append(f'{{&{items_name}[{len(flat)}],{len(one)}}}')
-        flat.extend(one)
-    return (f'namespace {{\n{_array(item_kind, items_name, flat or [0])}}} // namespace\n\n'
+        rows.append(f'{{{address.format(items_name, at[one])},{len(one)}}}')
+    items = _array(item_kind, items_name, flat or [0])
+    return ((f'namespace {{\n{items}}} // namespace\n\n' if own else items + '\n') +
             f'constinit ZnStoredList<{kind}> const {base}[] = {{\n{wrapped(rows)}\n}};\n')
 
 
@@ -73,8 +81,8 @@ def write(tables: Tables, version, source_name, tailored):
     out.file('order_lists.cpp', 'The lists that entries refer to; place 0 is no list.',
              _lists('ZnWCharList', 'ZnCharListTable', 'charItems', 'unsigned short',
                     tables.chars) + '\n' +
-             _lists('ZnOrderEntryList', 'ZnEntryListTable', 'entryItems', 'unsigned short',
-                    tables.places) + '\n' +
+             _lists('ZnOrderEntryList', 'ZnEntryListTable', 'ZnEntryPlaceTable', 'unsigned short',
+                    tables.places, '{1}', False) + '\n' +
              _lists('ZnLanguageList', 'ZnLanguageListTable', 'languageItems', 'unsigned char',
                     tables.ids))
 

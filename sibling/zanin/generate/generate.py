@@ -15,8 +15,10 @@ import os
 import sys
 
 import emit
+import languages
 import model
 import tables
+import tailor
 import trie
 import ucd
 
@@ -26,17 +28,30 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 TARGET = os.path.join(HERE, '..', 'tables')
 
 
-def make():
-    """All table files: name to content."""
+def make(report=None):
+    """The tables, and all table files: name to content. `report` gets each tag and language."""
     data = ucd.load()
     root = model.Model(data)
     nodes = trie.Nodes()
     codes = sorted(set(data.name) | set(range(512)))
-    tops = trie.build(root, nodes, codes, trie.paths(root))
-    variants = {}
+    known = trie.paths(root)
+    tops = trie.build(root, nodes, codes, known)
+    variants, tailored = {}, set()
+    for number, tag, _, _, source in languages.LANGUAGES:
+        if not source:
+            continue
+        language = tailor.Language(root, source)
+        there = trie.build(language, nodes, sorted(c for c in language.affected() if c in tops),
+                           trie.paths(language, known, list(language.overrides)))
+        for code, node in there.items():
+            if node != tops[code]:
+                variants.setdefault(code, {})[number] = node
+                tailored.add(number)
+        if report is not None:
+            report(tag, language)
     source = f'Unicode {data.ucd_version}, UCA {data.uca_version}, CLDR {data.cldr_version}'
     result = tables.Tables(data, nodes, tops, variants)
-    return result, emit.write(result, VERSION, source, set())
+    return result, emit.write(result, VERSION, source, tailored)
 
 
 def write(files):

@@ -22,6 +22,7 @@ UPPER_TERTIARY = {0x8, 0x9, 0xA, 0xB, 0xC, 0x1D}
 COMMON = 0x20
 
 SLOTS = 128
+UPPER_END = 121    # first of the slots to which the letters behind z are drawn
 SEVERAL = 31       # diacritic value of a letter with more marks than the form can tell apart
 OTHER_MARK = 19    # a single mark without a value of its own
 FIRST_FREE, LAST_FREE = 15, 30
@@ -35,9 +36,17 @@ LATIN_MARKS = {0x327: 1, 0x301: 2, 0x300: 3, 0x302: 4, 0x303: 5, 0x308: 6, 0x30A
 GREEK_MARKS = {0x301: 2, 0x300: 3, 0x342: 4, 0x308: 6, 0x304: 10, 0x306: 11, 0x313: 15,
                0x314: 16, 0x345: 17}
 # The marks of other scripts take 15 and up in the order of their weights; of Arabic the common
-# ones only. Those listed here contract with letters that have no composed form with them.
+# ones only.
 ARABIC_MARKS = [0x64B, 0x64C, 0x64D, 0x64E, 0x64F, 0x650, 0x651, 0x652, 0x670]
+
+# The marks that contract with a letter of living languages that has no composed form with them:
+# overlays are left out, for they never do; of Cyrillic those that are in use; of Arabic only with
+# the letters of the first alphabet. Marks of Indic scripts contract where a form is composed.
+NO_GENERIC = {1: {0x335, 0x336, 0x338, 0x30F, 0x311, 0x324, 0x325, 0x32D, 0x32E, 0x330},
+              3: set(LATIN_MARKS) - {0x300, 0x301, 0x302, 0x303, 0x304, 0x306, 0x308, 0x30B}}
+NEW_LETTER_MARKS = {0x300, 0x301, 0x302, 0x303, 0x304, 0x30C}  # on letters of a tailoring
 GENERIC_CLASSES = {1, 2, 3, 6, 7, 18, 19}
+GENERIC_ARABIC = range(0x621, 0x64B)
 
 SPACE, DIGIT, LETTER = 1, 16128, 16384
 IGNORED = 13       # "undefined ordering indicator": controls and other characters without weight
@@ -85,7 +94,7 @@ def assign_slots(letters):
                     if MAIN in (tier, letters[i - 1][0]) and tier == letters[i - 1][0] \
                     else min(share[tier], share[letters[i - 1][0]])
         for slot in range(SLOTS):
-            cost = 1e-6 * (SLOTS - slot if pull else slot)
+            cost = 1e-6 * slot if not pull else 1e-6 * (SLOTS - slot) + 2.0 * (slot < UPPER_END)
             if wish is not None and slot != wish:
                 cost += leave
             if i == 0:
@@ -127,6 +136,10 @@ class Model:
             self._place(number)
         self.values = {}
         self._allocate()
+        # For the languages: the first character of each canonical form, and the letters in it.
+        self.starter = {c: ucd.decompose(data, (c,))[0] for c in data.name}
+        self.primaries = {text[0]: {e[0] for e in elements if e[0] in self.slot}
+                          for text, elements in self.keys.items() if len(text) == 1}
 
     # ---- Letters
 
@@ -166,6 +179,17 @@ class Model:
             wish = {p: 4 * (3 + i) for i, p in enumerate(main)}
         elif len(main) <= 60:
             wish = {p: 4 + 2 * i for i, p in enumerate(main)}
+        else:
+            # Room between all letters for those that languages put there; rare neighbours are one
+            # where there are too many.
+            groups = []
+            for p in letters:
+                if len(letters) > SLOTS and groups and \
+                        self.tier[p] == self.tier[groups[-1][-1]] == RARE:
+                    groups[-1].append(p)
+                else:
+                    groups.append([p])
+            wish = {p: i * SLOTS // len(groups) for i, some in enumerate(groups) for p in some}
         behind_z = self.keys[0x292,][0][0] if number == 1 else None
         self._take(number, letters, assign_slots(
             [(self.tier[p], wish.get(p), leave, number == 1 and p >= behind_z) for p in letters]))
@@ -202,7 +226,8 @@ class Model:
                 if number in BICAMERAL:
                     chosen.update(LATIN_MARKS)
             self.mark_value[number] = {weight(c): v for c, v in sorted(chosen.items())}
-            self.generic[number] = sorted(chosen) if number in GENERIC_CLASSES else []
+            self.generic[number] = sorted(set(chosen) - NO_GENERIC.get(number, set())) \
+                if number in GENERIC_CLASSES else []
         self.lone = {}
         for number in sorted(self.mark_value, reverse=True):
             self.lone.update(self.mark_value[number])
@@ -222,8 +247,10 @@ class Model:
 
     def _allocate(self):
         """Diacritic values of all forms of all slots."""
+        self.forms = {}
         for place, forms in self._forms().items():
             self.values[place] = self._allocate_slot(place, forms, {})
+            self.forms.update(forms)
 
     def _allocate_slot(self, place, forms, taken):
         """Values of one slot's forms: plain 0, single marks theirs, the rest what is free, in the
@@ -351,10 +378,20 @@ class Model:
                 raise OutOfForm
         return tuple(result)
 
+    def entry_elements(self, text):
+        """Elements of the text of an entry: those of its canonical form, unless it has its own."""
+        if text in self.keys:
+            return self.keys[text]
+        return self.elements(ucd.decompose(self.data, text) if len(text) > 1 else text)
+
+    @staticmethod
+    def is_root_letter(primary):
+        return primary <= 0xFFFF
+
     def in_form(self, text):
         """Whether the text can have order numbers."""
         try:
-            self.numbers(text, self.elements(text))
+            self.numbers(text, self.entry_elements(text))
             return True
         except OutOfForm:
             return False

@@ -9,8 +9,11 @@ circumflex, that is the top node of U+00E2 too; its child U+0301 leads to the no
 
 import functools
 
-from model import LEFT_OUT, MAIN, OutOfForm, SEVERAL
+from model import CLASSES, GENERIC_ARABIC, LEFT_OUT, MAIN, NEW_LETTER_MARKS, OutOfForm, \
+    SEVERAL
 import ucd
+
+ARABIC = CLASSES.index('Arabic') + 1
 
 
 class Nodes:
@@ -34,17 +37,18 @@ def _spellings(text):
     return ucd.spellings(ucd.load(), text)
 
 
-def paths(model):
-    """Texts of two characters and more that have an entry, by their first character."""
-    data, found = model.data, {}
+def paths(model, known=None, texts=()):
+    """Texts of two characters and more that have an entry, by their first character: those of the
+    root, or `known` ones with others."""
+    data, found = model.data, {code: set(some) for code, some in (known or {}).items()}
 
     def add(text):
         for one in _spellings(text):
             if len(one) > 1 and max(one) <= 0xFFFF:
                 found.setdefault(one[0], set()).add(one)
 
-    for text in model.keys:
-        if text in LEFT_OUT:
+    for text in texts or model.keys:
+        if known is None and text in LEFT_OUT:
             continue
         if len(text) > 1 or text[0] in data.decomposition:
             add(text)
@@ -65,16 +69,8 @@ def build(model, nodes, codes, all_paths):
     return result
 
 
-def _elements(model, text):
-    """Elements of a text by the elements of its canonical form, if that has its own."""
-    if text in model.keys:
-        return model.keys[text]
-    return model.elements(ucd.decompose(model.data, text)) if len(text) > 1 \
-        else model.elements(text)
-
-
 def _node(model, nodes, text, prefixes):
-    elements = _elements(model, text)
+    elements = model.entry_elements(text)
     number, orders = model.numbers(text, elements)
     children = {}
     for code in prefixes.get(text, ()):
@@ -82,28 +78,30 @@ def _node(model, nodes, text, prefixes):
             children[code] = _node(model, nodes, text + (code,), prefixes)
         except OutOfForm:
             continue
-    for code in _generic_marks(model, number, orders, elements):
+    marks = _generic_marks(model, text, number, orders, elements)
+    for code in marks:
         if code not in children:
-            children[code] = _marked(model, nodes, number, elements, code)
+            children[code] = _marked(model, nodes, number, elements, code, marks)
     return nodes.add(number, orders, sorted(children.items()))
 
 
-def _generic_marks(model, number, orders, elements):
+def _generic_marks(model, text, number, orders, elements):
     """The marks that the letter takes without a composed form."""
     if number is None or len(orders) > 1:
+        return ()
+    if number == ARABIC and text[0] not in GENERIC_ARABIC:
         return ()
     parts = model.split(elements)
     if model.tier.get(parts[0][0]) != MAIN:
         return ()
-    return model.generic[number]
+    return model.generic[number] if model.is_root_letter(parts[0][0]) else \
+        sorted(NEW_LETTER_MARKS)
 
 
-def _marked(model, nodes, number, elements, mark):
-    """The node of a letter with one more mark."""
-    with_mark = elements + model.keys[mark,]
-    _, orders = model.numbers(None, with_mark)
+def _marked(model, nodes, number, elements, mark, marks):
+    """The node of a letter with one more mark of those that it takes."""
+    _, orders = model.numbers(None, elements + model.keys[mark,])
+    several = nodes.add(number, (orders[0] | SEVERAL << 7,), [(code, -1) for code in marks])
     if orders[0] >> 7 & 31 == SEVERAL:
-        return nodes.add(number, orders, [(code, -1) for code in model.generic[number]])
-    several = (orders[0] | SEVERAL << 7,)
-    last = nodes.add(number, several, [(code, -1) for code in model.generic[number]])
-    return nodes.add(number, orders, [(code, last) for code in model.generic[number]])
+        return several
+    return nodes.add(number, orders, [(code, several) for code in marks])

@@ -39,9 +39,10 @@ class ZANIN_EXPORT ZnOrderEntryList {
 public:
   short count;
 
-  /// `first` holds the places of the items in the table of all entries.
-  constexpr ZnOrderEntryList(unsigned short const * first, short number)
-      : count(number), places(first) {}
+  /// The places of the items in the table of all entries stand in one table for all lists,
+  /// from place `firstPlace` on.
+  constexpr ZnOrderEntryList(unsigned int firstPlace, short number)
+      : count(number), first(firstPlace) {}
   /// Reads item `index` and gives 0; gives -1 and leaves `item` if there is no such item.
   virtual int Read(int index, ZnCharOrderProps const *& item) const;
   /// Item `index` without a check, for readers inside a hot loop.
@@ -51,7 +52,7 @@ protected:
   ~ZnOrderEntryList() = default;
 
 private:
-  unsigned short const * places;
+  unsigned int first;
 };
 
 /// A list of languages.
@@ -95,11 +96,11 @@ private:
 /// What the order table knows of one character, or of one contraction. The classes of letters are
 /// 1 to 19, so that the number 0 may stand for null.
 struct ZnCharOrderProps {
-  ZnClassRef classRef;            ///< script class, or null: the class of the text's language
-  unsigned short order;           ///< order number of the first unit
-  unsigned short hasContractions; ///< non-zero: some following characters lead to other entries
-  unsigned short hasVariants;     ///< non-zero: some languages have an entry of their own
-  unsigned short hasExpansion;    ///< non-zero: further order numbers follow `order`
+  ZnClassRef classRef;                ///< script class, or null: the class of the text's language
+  unsigned short order;               ///< order number of the first unit
+  unsigned short hasContractions : 1; ///< some following characters lead to other entries
+  unsigned short hasVariants : 1;     ///< some languages have an entry of their own
+  unsigned short hasExpansion : 1;    ///< further order numbers follow `order`
   ZnTableRef<ZnWCharList> contractionChars;        ///< next character, in the code set of the table
   ZnTableRef<ZnOrderEntryList> contractionEntries; ///< parallel: the entry reached
   ZnTableRef<ZnLanguageList> variantLanguages;     ///< languages with an entry of their own
@@ -247,6 +248,7 @@ extern ZANIN_EXPORT ZnStoredList<ZnWCharList> const ZnCharListTable[];
 extern ZANIN_EXPORT ZnStoredList<ZnOrderEntryList> const ZnEntryListTable[];
 extern ZANIN_EXPORT ZnStoredList<ZnLanguageList> const ZnLanguageListTable[];
 extern ZANIN_EXPORT ZnCharOrderProps const ZnOrderEntryTable[];
+extern ZANIN_EXPORT unsigned short const ZnEntryPlaceTable[];
 
 inline ZnWCharList const * TableRecord(unsigned short place, ZnWCharList const *) {
   return &ZnCharListTable[place];
@@ -266,7 +268,7 @@ inline Record const * ZnTableRef<Record>::Get() const {
 }
 
 inline ZnCharOrderProps const * ZnOrderEntryList::operator[](int index) const {
-  return &zntms::ZnOrderEntryTable[places[index]];
+  return &zntms::ZnOrderEntryTable[zntms::ZnEntryPlaceTable[first + static_cast<unsigned>(index)]];
 }
 
 /// Starts the component (non-zero) or stops it (0). Queries work before the start and after the
