@@ -1,64 +1,67 @@
 #pragma once
 
-#include "query/number_query.h"
+#include "znident.h"
+#include "zntypes/class_box.h"
 #include "zntypes/empty_rows.h"
-#include "zntypes/number_rows.h"
 
-/// Groups of the rows of identity, large values, seals and truth values.
+/// Groups of the rows of class ids, object ids and references.
 
 namespace zntms {
 
-// ZnClassId
-inline constexpr RowText kClassIdText = EmptyText("(%Cv%V)");
-inline constexpr RowLife kClassIdLife = kEmptyLife;
-inline constexpr RowStorage kClassIdStorage = kEmptyStorage;
-inline constexpr RowQuery kClassIdQuery = kEmptyQuery;
-inline constexpr RowBox kClassIdBox = kEmptyBox;
-inline constexpr RowNull kClassIdNull = kEmptyNull;
+/// Boxes hold the text of the members' default format.
+template <class Record>
+struct IdentText {
+  using Value = Record;
+  static void Write(ZnString & out, Value const & value) { value.PrintToZnString(out); }
+  static void Read(Value & value, ZnString const & in) { value.ScanFromZnString(in); }
+};
+
+int StepObjId(void * value, unsigned int length, unsigned char format, unsigned char what);
+int StepRef(void * value, unsigned int length, unsigned char format, unsigned char what);
+
+template <class Record>
+inline constexpr RowLife kIdentLife = {&Record::Create,          &Record::Delete,
+                                       &ConstructValues<Record>, &DestructValues<Record>,
+                                       &AssignValues<Record>,    &CopyValues<Record>};
+
+template <class Record>
+inline constexpr RowStorage kIdentStorage = {&Record::Store,
+                                             &Record::Load,
+                                             &Record::NullSizeGet,
+                                             &Record::SizeGet,
+                                             &Record::SizeGetFromMemFile,
+                                             &Record::Translate};
+
+template <class Record>
+inline constexpr RowQuery kIdentQuery = {&Record::Compare, &Record::EvalAndBound, &Record::Hash};
+
+template <class Record>
+constexpr RowText IdentRowText(char const * format) {
+  return {format, &Record::PrintToString, &Record::ScanFromString};
+}
+
+inline constexpr RowText kClassIdText = IdentRowText<ZnClassId>("(%Cv%V)");
+inline constexpr RowLife kClassIdLife = kIdentLife<ZnClassId>;
+inline constexpr RowStorage kClassIdStorage = kIdentStorage<ZnClassId>;
+inline constexpr RowQuery kClassIdQuery = kIdentQuery<ZnClassId>;
+inline constexpr RowBox kClassIdBox = kClassBox<IdentText<ZnClassId>, &ZnClassId::Create>;
+inline constexpr RowNull kClassIdNull = kClassNull<ZnClassId>;
 inline constexpr ZnTypeRow::StepFunc kClassIdStep = &NoStep;
 
-// ZnObjId
-inline constexpr RowText kObjIdText = EmptyText("(%H-%L#%B)");
-inline constexpr RowLife kObjIdLife = kEmptyLife;
-inline constexpr RowStorage kObjIdStorage = kEmptyStorage;
-inline constexpr RowQuery kObjIdQuery = kEmptyQuery;
-inline constexpr RowBox kObjIdBox = kEmptyBox;
-inline constexpr RowNull kObjIdNull = kEmptyNull;
-inline constexpr ZnTypeRow::StepFunc kObjIdStep = &NoStep;
+inline constexpr RowText kObjIdText = IdentRowText<ZnObjId>("(%H-%L#%B)");
+inline constexpr RowLife kObjIdLife = kIdentLife<ZnObjId>;
+inline constexpr RowStorage kObjIdStorage = kIdentStorage<ZnObjId>;
+inline constexpr RowQuery kObjIdQuery = kIdentQuery<ZnObjId>;
+inline constexpr RowBox kObjIdBox = kClassBox<IdentText<ZnObjId>, &ZnObjId::Create>;
+inline constexpr RowNull kObjIdNull = kClassNull<ZnObjId>;
+inline constexpr ZnTypeRow::StepFunc kObjIdStep = &StepObjId;
 
-// ZnRef
-inline constexpr RowText kRefText = EmptyText("(%D:%H-%L#%B, %C)");
-inline constexpr RowLife kRefLife = kEmptyLife;
-inline constexpr RowStorage kRefStorage = kEmptyStorage;
-inline constexpr RowQuery kRefQuery = kEmptyQuery;
-inline constexpr RowBox kRefBox = kEmptyBox;
-inline constexpr RowNull kRefNull = kEmptyNull;
-inline constexpr ZnTypeRow::StepFunc kRefStep = &NoStep;
-
-// ZnBlob
-inline constexpr RowText kBlobText = EmptyText("[BLOB,len=%L]");
-inline constexpr RowLife kBlobLife = kEmptyLife;
-inline constexpr RowStorage kBlobStorage = kEmptyStorage;
-inline constexpr RowQuery kBlobQuery = kEmptyQuery;
-inline constexpr RowBox kBlobBox = kEmptyBox;
-inline constexpr RowNull kBlobNull = kEmptyNull;
-inline constexpr ZnTypeRow::StepFunc kBlobStep = &NoStep;
-
-// ZnSeal
-inline constexpr RowText kSealText = EmptyText("noop");
-inline constexpr RowLife kSealLife = kEmptyLife;
-inline constexpr RowStorage kSealStorage = kEmptyStorage;
-inline constexpr RowQuery kSealQuery = kEmptyQuery;
-inline constexpr RowBox kSealBox = kEmptyBox;
-inline constexpr ZnTypeRow::StepFunc kSealStep = &NoStep;
-
-// ZnBoolean
-inline constexpr RowText kBooleanText = {"noop", &BooleanPrint, &BooleanScan};
-inline constexpr RowLife kBooleanLife = kEmptyLife;
-inline constexpr RowStorage kBooleanStorage = kEmptyStorage;
-inline constexpr RowQuery kBooleanQuery = {&BooleanCompare, &BoundBooleans, &HashBooleans};
-inline constexpr RowBox kBooleanBox = kEmptyBox;
-inline constexpr RowNull kBooleanNull = kEmptyNull;
-inline constexpr ZnTypeRow::StepFunc kBooleanStep = &NoStep;
+inline constexpr RowText kRefText = IdentRowText<ZnRef>("(%D:%H-%L#%B, %C)");
+inline constexpr RowLife kRefLife = kIdentLife<ZnRef>;
+inline constexpr RowStorage kRefStorage = kIdentStorage<ZnRef>;
+inline constexpr RowQuery kRefQuery = kIdentQuery<ZnRef>;
+inline constexpr RowBox kRefBox = kClassBox<IdentText<ZnRef>, &ZnRef::Create>;
+inline constexpr RowNull kRefNull = kClassNull<ZnRef>;
+inline constexpr ZnTypeRow::StepFunc kRefStep = &StepRef;
 
 } // namespace zntms

@@ -3,6 +3,7 @@
 #include "zncodes.h"
 
 #include "query/number_query.h"
+#include "zntypes/blob_rows.h"
 #include "zntypes/date_rows.h"
 #include "zntypes/empty_rows.h"
 #include "zntypes/ident_rows.h"
@@ -10,6 +11,7 @@
 #include "zntypes/nullable_rows.h"
 #include "zntypes/number_box.h"
 #include "zntypes/number_rows.h"
+#include "zntypes/seal_rows.h"
 #include "zntypes/string_rows.h"
 
 /// The type table: a line a row, in the order of the ids. Columns are the groups of
