@@ -12,12 +12,15 @@
 ///     struct SealText {
 ///       using Value = ZnSeal;
 ///       static void Write(ZnString & out, Value const & value);  // into an empty string
-///       static void Read(Value & value, ZnString const & in);    // from a string, not null
+///       static void Read(Value & value, ZnString & in);          // from a string, not null
+///       static void SetBlank(Value & value);                     // where it has something to say
+///       static void SetDefault(Value & value);                   // likewise
 ///     };
 ///
-/// and its row takes `kClassBox<SealText>`. A null value becomes a null string. An element
-/// without a string, or with a null one, becomes null, or in a class without null what a new value
-/// is. That is the default value too, unless a null is asked for.
+/// and its row takes `kClassBox<SealText>`. A null value becomes a null string. An element without
+/// a string, or with a null one, becomes what `SetBlank` says, else null, or in a class without
+/// null what a new value is. The default value, unless a null is asked for, is what `SetDefault`
+/// says, else a new value. `Read` may use the string up.
 
 namespace zntms {
 
@@ -59,9 +62,11 @@ template <class Text, ZnTypeRow::CreateFunc create>
 void * UnboxValues(ZnTypeConvertData * box, unsigned int count) {
   auto * const values = static_cast<typename Text::Value *>(create(count));
   for (unsigned int i = 0; i < count; ++i) {
-    ZnString const * const in = box ? box->GetString(static_cast<int>(i)) : nullptr;
+    ZnString * const in = box ? box->GetString(static_cast<int>(i)) : nullptr;
     if (in && !in->IsNullValue())
       Text::Read(values[i], *in);
+    else if constexpr (requires { Text::SetBlank(values[i]); })
+      Text::SetBlank(values[i]);
     else if constexpr (Nullable<typename Text::Value>)
       values[i].SetNullValue();
   }
@@ -71,6 +76,10 @@ void * UnboxValues(ZnTypeConvertData * box, unsigned int count) {
 template <class Text, ZnTypeRow::CreateFunc create>
 void * DefaultValues(unsigned int count, [[maybe_unused]] int wantNull) {
   auto * const values = static_cast<typename Text::Value *>(create(count));
+  if constexpr (requires { Text::SetDefault(*values); }) {
+    for (unsigned int i = 0; i < count; ++i)
+      Text::SetDefault(values[i]);
+  }
   if constexpr (Nullable<typename Text::Value>) {
     for (unsigned int i = 0; wantNull && i < count; ++i)
       values[i].SetNullValue();
