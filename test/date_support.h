@@ -1,7 +1,7 @@
 #pragma once
 
-#include "zantms.h"
 #include "zanbs.h"
+#include "zantms.h"
 
 #include <gtest/gtest.h>
 
