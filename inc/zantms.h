@@ -3,8 +3,8 @@
 /// The whole public interface of the type manager.
 
 #include "_znnulty.h"
-#include "znblob.h"
 #include "d_time.h"
+#include "znblob.h"
 #include "znboolean.h"
 #include "zncodes.h"
 #include "zncompare.h"

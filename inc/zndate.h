@@ -3,7 +3,6 @@
 #include "_zncalendar.h"
 #include "znexport.h"
 
-class ZnInt64;
 class ZnString;
 
 enum ZnDaysOfTheWeek { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday, Sunday };
@@ -233,6 +232,3 @@ public:
 
 static_assert(sizeof(ZnTime) == 3 && alignof(ZnTime) == 1);
 static_assert(__builtin_offsetof(ZnTime, minute) == 1 && __builtin_offsetof(ZnTime, second) == 2);
-
-/// Milliseconds since 1970-01-01 00:00 UTC by the clock of the base services; gives 0.
-ZANTMS_EXPORT int GetSystemTimeInMSSinceTheEpoch(ZnInt64 & out);

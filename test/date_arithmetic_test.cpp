@@ -1,5 +1,4 @@
 #include "date_support.h"
-#include "znint64.h"
 
 #include <cstring>
 

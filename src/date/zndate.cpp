@@ -2,7 +2,6 @@
 
 #include "date/directives.h"
 #include "zanbs.h"
-#include "znint64.h"
 #include "znstring.h"
 
 /// `ZnDate` and `ZnTime`: constants and clocks. What both do with their fields stands in the
@@ -90,13 +89,5 @@ int ZnTime::ToUTCTime() {
   if (zone == ZnNoTimeZone)
     return zone;
   *this -= zone * 60;
-  return 0;
-}
-
-int GetSystemTimeInMSSinceTheEpoch(ZnInt64 & out) {
-  long long seconds = 0;
-  int nanoseconds = 0;
-  bksGetInstant(seconds, nanoseconds);
-  out = ZnInt64(seconds * 1000 + nanoseconds / 1000000);
   return 0;
 }
