@@ -2,8 +2,6 @@
 
 #include "ident/byte_search.h"
 #include "znstring/number_text.h"
-#include "zanbs.h"
-
 
 #include <algorithm>
 #include <cassert>
@@ -13,6 +11,7 @@
 #include <limits>
 #include <memory>
 #include <string_view>
+#include <zanbs.h>
 
 /// Blobs: ownership, edits, order.
 ///
