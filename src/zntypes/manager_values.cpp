@@ -8,8 +8,9 @@
 /// Stepping a value in any form, and storing a clock reading as a value.
 ///
 /// Rows step in memory form, the string row apart, which steps an index key. A stored value of any
-/// other type therefore goes through a temporary: 00 00 00 FF of an `o_u4b` in big-endian order is
-/// loaded, stepped to 256 and stored back.
+/// other type therefore goes through a temporary: FF 00 00 00 of an `o_u4b` is loaded, stepped to
+/// 256 and stored back. Of the format only the bits of index keys and of little-endian order are
+/// kept, so that stored values are stepped as little-endian ones.
 
 using namespace zntms;
 
