@@ -16,8 +16,9 @@ ZnTypeConvertData::ZnTypeConvertData(char id, unsigned int number, void * values
 ZnTypeConvertData::~ZnTypeConvertData() {
   if (mgr != nullptr && data != nullptr)
     data = mgr->Delete(typeId, data, count);
-  typeId = kEmptyBoxId;
-  count = 0;
+  // An engine may look at the place once more: the stores are not to be optimised away.
+  static_cast<char volatile &>(typeId) = kEmptyBoxId;
+  static_cast<unsigned int volatile &>(count) = 0;
 }
 
 ZnTypeConvertData * ZnTypeConvertData::Make(char id, unsigned int count, void * data,

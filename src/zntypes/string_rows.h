@@ -8,7 +8,7 @@ namespace zntms {
 
 // ZnString
 inline constexpr RowText kStringText = EmptyText("%s");
-inline constexpr RowLife kStringLife = kEmptyLife;
+inline constexpr RowLife kStringLife = kClassLife<ZnString>;
 inline constexpr RowStorage kStringStorage = kEmptyStorage;
 inline constexpr RowQuery kStringQuery = kEmptyQuery;
 inline constexpr RowBox kStringBox = kEmptyBox;
@@ -17,7 +17,7 @@ inline constexpr ZnTypeRow::StepFunc kStringStep = &NoStep;
 
 // ZnString in the one-length form of old data; shares text, life and box with the row above
 inline constexpr RowText kOldStringText = EmptyText("%s");
-inline constexpr RowLife kOldStringLife = kEmptyLife;
+inline constexpr RowLife kOldStringLife = kStringLife;
 inline constexpr RowStorage kOldStringStorage = kEmptyStorage;
 inline constexpr RowQuery kOldStringQuery = kEmptyQuery;
 inline constexpr RowBox kOldStringBox = kEmptyBox;
