@@ -16,6 +16,7 @@
 #include "znexport.h"
 #include "znident.h"
 #include "znint64.h"
+#include "znistring.h"
 #include "znmultibyte.h"
 #include "znoptions.h"
 #include "znquery.h"

@@ -2,6 +2,8 @@
 
 #include "ident/byte_search.h"
 #include "znstring/number_text.h"
+#include "zanbs.h"
+
 
 #include <algorithm>
 #include <cassert>
@@ -11,7 +13,6 @@
 #include <limits>
 #include <memory>
 #include <string_view>
-#include <zanbs.h>
 
 /// Blobs: ownership, edits, order.
 ///

@@ -1,9 +1,10 @@
 #include "znint64.h"
 
+#include "zanbs.h"
+
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <zanbs.h>
 
 /// Numbers that a `ZnInt64` takes from outside: doubles and the clock.
 ///

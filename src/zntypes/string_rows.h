@@ -1,6 +1,9 @@
 #pragma once
 
+#include "zntypes/class_box.h"
 #include "zntypes/empty_rows.h"
+#include "zntypes/istring_rows.h"
+#include "zntypevl/istring_query.h"
 
 /// Groups of the text rows: the three string kinds, and the string row of old data.
 
@@ -24,19 +27,19 @@ inline constexpr RowBox kOldStringBox = kEmptyBox;
 inline constexpr ZnTypeRow::StepFunc kOldStringStep = &NoStep;
 
 // ZnIString
-inline constexpr RowText kIStringText = EmptyText("%s");
-inline constexpr RowLife kIStringLife = kEmptyLife;
-inline constexpr RowStorage kIStringStorage = kEmptyStorage;
-inline constexpr RowQuery kIStringQuery = kEmptyQuery;
-inline constexpr RowBox kIStringBox = kEmptyBox;
+inline constexpr RowText kIStringText = kIStringPrinted<ZnCollation::cased>;
+inline constexpr RowLife kIStringLife = kClassLife<ZnIString>;
+inline constexpr RowStorage kIStringStorage = kIStringStored<ZnCollation::cased>;
+inline constexpr RowQuery kIStringQuery = kIStringQueries<ZnCollation::cased>;
+inline constexpr RowBox kIStringBox = kClassBox<IStringRow<ZnCollation::cased>>;
 inline constexpr ZnTypeRow::StepFunc kIStringStep = &NoStep;
 
 // ZnCaseIString
-inline constexpr RowText kCaseIStringText = EmptyText("%s");
-inline constexpr RowLife kCaseIStringLife = kEmptyLife;
-inline constexpr RowStorage kCaseIStringStorage = kEmptyStorage;
-inline constexpr RowQuery kCaseIStringQuery = kEmptyQuery;
-inline constexpr RowBox kCaseIStringBox = kEmptyBox;
+inline constexpr RowText kCaseIStringText = kIStringPrinted<ZnCollation::caseless>;
+inline constexpr RowLife kCaseIStringLife = kClassLife<ZnCaseIString>;
+inline constexpr RowStorage kCaseIStringStorage = kIStringStored<ZnCollation::caseless>;
+inline constexpr RowQuery kCaseIStringQuery = kIStringQueries<ZnCollation::caseless>;
+inline constexpr RowBox kCaseIStringBox = kClassBox<IStringRow<ZnCollation::caseless>>;
 inline constexpr ZnTypeRow::StepFunc kCaseIStringStep = &NoStep;
 
 } // namespace zntms
