@@ -1,9 +1,11 @@
 #pragma once
 
+#include "znstrcmp.h"
 #include "zntypes/class_box.h"
 #include "zntypes/empty_rows.h"
 #include "zntypes/istring_rows.h"
 #include "zntypevl/istring_query.h"
+#include "zntypevl/string_query.h"
 
 /// Groups of the text rows: the three string kinds, and the string row of old data.
 
@@ -13,7 +15,7 @@ namespace zntms {
 inline constexpr RowText kStringText = EmptyText("%s");
 inline constexpr RowLife kStringLife = kClassLife<ZnString>;
 inline constexpr RowStorage kStringStorage = kEmptyStorage;
-inline constexpr RowQuery kStringQuery = kEmptyQuery;
+inline constexpr RowQuery kStringQuery = {&StringCompare, &EmptyBound, &StringHash};
 inline constexpr RowBox kStringBox = kEmptyBox;
 inline constexpr RowNull kStringNull = kEmptyNull;
 inline constexpr ZnTypeRow::StepFunc kStringStep = &NoStep;
@@ -22,7 +24,7 @@ inline constexpr ZnTypeRow::StepFunc kStringStep = &NoStep;
 inline constexpr RowText kOldStringText = EmptyText("%s");
 inline constexpr RowLife kOldStringLife = kStringLife;
 inline constexpr RowStorage kOldStringStorage = kEmptyStorage;
-inline constexpr RowQuery kOldStringQuery = kEmptyQuery;
+inline constexpr RowQuery kOldStringQuery = {&OldStringCompare, &EmptyBound, &OldStringHash};
 inline constexpr RowBox kOldStringBox = kEmptyBox;
 inline constexpr ZnTypeRow::StepFunc kOldStringStep = &NoStep;
 

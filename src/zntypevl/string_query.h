@@ -1,0 +1,16 @@
+#pragma once
+
+/// Compare and hash rows of `ZnString`; those of old data take incomplete elements for the
+/// one-length form. `StringCompare` itself is public.
+
+namespace zntms {
+
+int OldStringCompare(unsigned char format, unsigned int lengthA, void * valueA,
+                     unsigned int lengthB, void * valueB, unsigned short int cmpOp,
+                     unsigned int count, int & error);
+unsigned int StringHash(unsigned char format, unsigned int length, void * value, unsigned int count,
+                        int & error);
+unsigned int OldStringHash(unsigned char format, unsigned int length, void * value,
+                           unsigned int count, int & error);
+
+} // namespace zntms
