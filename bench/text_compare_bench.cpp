@@ -6,8 +6,8 @@
 #include <unicode/usearch.h>
 
 #include <algorithm>
+#include <cstring>
 #include <fstream>
-#include <memory>
 #include <random>
 #include <string>
 #include <vector>
@@ -24,28 +24,55 @@ namespace {
 constexpr unsigned char kGerman = 1; // as for English, nothing is tailored
 constexpr std::size_t kWords = 100000;
 
+/// One word in each encoding, with its terminator. The words of a list lie behind one another, so
+/// that the texts and not the memory are measured.
 struct Word {
-  std::string utf8;
-  std::string latin1;
-  std::u16string utf16;
+  char const * utf8;
+  char const * latin1;
+  char16_t const * utf16;
 };
 
-/// Null if the text has a character that code set 1 lacks.
-std::unique_ptr<Word> MakeWord(std::string const & utf8) {
-  auto word = std::make_unique<Word>();
-  word->utf8 = utf8;
+/// Code set 1 of a UTF-8 text; empty if it has a character that code set 1 lacks.
+std::string Latin1(std::string const & utf8) {
+  std::string latin1;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     unsigned int c = static_cast<unsigned char>(utf8[i]);
     if (c >= 0x80) {
       if (c >> 2 != 0x30 || i + 1 == utf8.size())
-        return nullptr;
+        return {};
       c = (c & 3) << 6 | (static_cast<unsigned char>(utf8[++i]) & 0x3F);
     }
-    word->latin1 += static_cast<char>(c);
-    word->utf16 += static_cast<char16_t>(c);
+    latin1 += static_cast<char>(c);
   }
-  return word;
+  return latin1;
 }
+
+class WordList {
+public:
+  explicit WordList(std::vector<std::string> const & lines) {
+    for (std::string const & line : lines) {
+      utf8_ += line + '\0';
+      for (char const c : Latin1(line) + '\0') {
+        latin1_ += c;
+        utf16_ += static_cast<unsigned char>(c);
+      }
+    }
+    Word word{utf8_.data(), latin1_.data(), utf16_.data()};
+    for (std::string const & line : lines) {
+      words.push_back(word);
+      std::size_t const length = std::strlen(word.latin1) + 1;
+      word = {word.utf8 + line.size() + 1, word.latin1 + length, word.utf16 + length};
+    }
+  }
+  WordList(WordList const &) = delete;
+
+  std::vector<Word> words;
+
+private:
+  std::string utf8_;
+  std::string latin1_;
+  std::u16string utf16_;
+};
 
 UCollator * OpenCollator(bool shifted) {
   UErrorCode status = U_ZERO_ERROR;
@@ -57,40 +84,37 @@ UCollator * OpenCollator(bool shifted) {
   return collator;
 }
 
-struct Corpus {
-  std::vector<Word> shuffled;
-  std::vector<Word> sorted;
-  UCollator * plain = OpenCollator(false);
-  UCollator * shifted = OpenCollator(true);
+UCollator const * Collator(bool shifted) {
+  static UCollator const * const collators[] = {OpenCollator(false), OpenCollator(true)};
+  return collators[shifted];
+}
 
-  Corpus() {
-    std::ifstream file("/usr/share/dict/ngerman");
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);)
+std::vector<std::string> Lines() {
+  std::ifstream file("/usr/share/dict/ngerman");
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);)
+    if (!Latin1(line).empty())
       lines.push_back(line);
-    std::mt19937 random(1);
-    std::shuffle(lines.begin(), lines.end(), random);
-    for (std::string const & line : lines)
-      if (auto const word = MakeWord(line); word && shuffled.size() < kWords)
-        shuffled.push_back(*word);
-    sorted = shuffled;
-    std::ranges::sort(sorted, [this](Word const & a, Word const & b) {
-      UErrorCode status = U_ZERO_ERROR;
-      return ucol_strcollUTF8(shifted, a.utf8.data(), static_cast<int>(a.utf8.size()),
-                              b.utf8.data(), static_cast<int>(b.utf8.size()), &status) < 0;
-    });
-  }
-};
+  std::mt19937 random(1);
+  std::ranges::shuffle(lines, random);
+  lines.resize(std::min(lines.size(), kWords));
+  return lines;
+}
 
-Corpus const & TheCorpus() {
-  static Corpus const corpus;
-  return corpus;
+std::vector<std::string> SortedLines() {
+  std::vector<std::string> lines = Lines();
+  std::ranges::sort(lines, [](std::string const & a, std::string const & b) {
+    UErrorCode status = U_ZERO_ERROR;
+    return ucol_strcollUTF8(Collator(true), a.c_str(), -1, b.c_str(), -1, &status) < 0;
+  });
+  return lines;
 }
 
 enum class List { Shuffled, Sorted };
 
 std::vector<Word> const & Words(List list) {
-  return list == List::Shuffled ? TheCorpus().shuffled : TheCorpus().sorted;
+  static WordList const shuffled(Lines()), sorted(SortedLines());
+  return (list == List::Shuffled ? shuffled : sorted).words;
 }
 
 /// Calls `work` with each word of the list and the next one, over and over.
@@ -111,30 +135,29 @@ void Over(benchmark::State & state, List list, Work work) {
 
 void Compare8(benchmark::State & state, List list, unsigned short flags) {
   Over(state, list, [=](Word const & a, Word const & b) {
-    return ZnStrCmp(1, kGerman, a.latin1.c_str(), 1, kGerman, b.latin1.c_str(), flags, -1, 1,
-                    nullptr);
+    return ZnStrCmp(1, kGerman, a.latin1, 1, kGerman, b.latin1, flags, -1, 1, nullptr);
   });
 }
 
 void Compare16(benchmark::State & state, List list, unsigned short flags) {
   Over(state, list, [=](Word const & a, Word const & b) {
-    return ZnStrCmp(253, kGerman, reinterpret_cast<char const *>(a.utf16.c_str()), 253, kGerman,
-                    reinterpret_cast<char const *>(b.utf16.c_str()), flags, -1, 1, nullptr);
+    return ZnStrCmp(253, kGerman, reinterpret_cast<char const *>(a.utf16), 253, kGerman,
+                    reinterpret_cast<char const *>(b.utf16), flags, -1, 1, nullptr);
   });
 }
 
 void Collate8(benchmark::State & state, List list, bool shifted) {
-  UCollator const * const collator = shifted ? TheCorpus().shifted : TheCorpus().plain;
+  UCollator const * const collator = Collator(shifted);
   Over(state, list, [=](Word const & a, Word const & b) {
     UErrorCode status = U_ZERO_ERROR;
-    return ucol_strcollUTF8(collator, a.utf8.c_str(), -1, b.utf8.c_str(), -1, &status);
+    return ucol_strcollUTF8(collator, a.utf8, -1, b.utf8, -1, &status);
   });
 }
 
 void Collate16(benchmark::State & state, List list, bool shifted) {
-  UCollator const * const collator = shifted ? TheCorpus().shifted : TheCorpus().plain;
+  UCollator const * const collator = Collator(shifted);
   Over(state, list, [=](Word const & a, Word const & b) {
-    return ucol_strcoll(collator, a.utf16.c_str(), -1, b.utf16.c_str(), -1);
+    return ucol_strcoll(collator, a.utf16, -1, b.utf16, -1);
   });
 }
 
@@ -155,23 +178,23 @@ BENCHMARK_CAPTURE(Collate16, sortedShifted, List::Sorted, true)->Name("Icu16Shif
 
 void Match(benchmark::State & state, char const * pattern, unsigned short flags) {
   Over(state, List::Shuffled, [=](Word const & word, Word const &) {
-    return ZnStrCmp(1, kGerman, word.latin1.c_str(), 1, kGerman, pattern, flags, -1, 1, nullptr);
+    return ZnStrCmp(1, kGerman, word.latin1, 1, kGerman, pattern, flags, -1, 1, nullptr);
   });
 }
 
 void FnMatch(benchmark::State & state, char const * pattern) {
   Over(state, List::Shuffled,
-       [=](Word const & word, Word const &) { return fnmatch(pattern, word.latin1.c_str(), 0); });
+       [=](Word const & word, Word const &) { return fnmatch(pattern, word.latin1, 0); });
 }
 
 /// Looks for the longest literal of the pattern anywhere, which is less than the pattern asks.
 void Search(benchmark::State & state, char16_t const * literal) {
   UErrorCode status = U_ZERO_ERROR;
   UStringSearch * const search =
-      usearch_openFromCollator(literal, -1, u"-", 1, TheCorpus().plain, nullptr, &status);
+      usearch_openFromCollator(literal, -1, u"-", 1, Collator(false), nullptr, &status);
   Over(state, List::Shuffled, [=](Word const & word, Word const &) {
     UErrorCode code = U_ZERO_ERROR;
-    usearch_setText(search, word.utf16.data(), static_cast<int>(word.utf16.size()), &code);
+    usearch_setText(search, word.utf16, -1, &code);
     return usearch_first(search, &code);
   });
   usearch_close(search);
@@ -193,23 +216,21 @@ BENCHMARK_CAPTURE(Search, mixed, u"b")->Name("IcuSearch/mixed");
 
 void Hash8(benchmark::State & state) {
   Over(state, List::Shuffled, [](Word const & word, Word const &) {
-    return HashString(1, kGerman, const_cast<char *>(word.latin1.c_str()), -1, 1);
+    return HashString(1, kGerman, const_cast<char *>(word.latin1), -1, 1);
   });
 }
 
 void Hash16(benchmark::State & state) {
   Over(state, List::Shuffled, [](Word const & word, Word const &) {
-    return HashString(253, kGerman,
-                      const_cast<char *>(reinterpret_cast<char const *>(word.utf16.c_str())), -1,
-                      1);
+    return HashString(253, kGerman, const_cast<char *>(reinterpret_cast<char const *>(word.utf16)),
+                      -1, 1);
   });
 }
 
 void SortKey(benchmark::State & state) {
   Over(state, List::Shuffled, [](Word const & word, Word const &) {
     unsigned char key[512];
-    return ucol_getSortKey(TheCorpus().plain, word.utf16.data(),
-                           static_cast<int>(word.utf16.size()), key, sizeof key);
+    return ucol_getSortKey(Collator(false), word.utf16, -1, key, sizeof key);
   });
 }
 

@@ -15,8 +15,15 @@
 
 namespace zntms {
 
-/// The characters that the longest contraction of the order tables takes. A test holds it.
+/// The characters that the longest contraction of the order tables takes, those aside that may
+/// stand in one any number of times, see `MayRepeat`. A test holds it.
 inline constexpr unsigned int kLongestContraction = 6;
+
+/// Whether a character may be one that a contraction takes any number of: a mark or a format
+/// character that changes nothing. Letters and what stands below the marks are none.
+inline bool MayRepeat(unsigned short c, ZnPlainOrder const & plain) {
+  return c >= kFirstMark && (plain.order & 0xC000) != 0x4000;
+}
 
 /// Marks a common start that ends with the terminator: the texts are the same.
 inline constexpr unsigned int kSameText = ~0u;
@@ -65,19 +72,6 @@ inline unsigned int CountEqual(char const * a, char const * b) {
   }
 }
 
-/// Whether character `c` starts a contraction with `next`.
-inline bool Joins(OrderSource & source, unsigned short c, unsigned short next) {
-  unsigned int const traits = source.Traits(c);
-  constexpr unsigned int joining =
-      ZnPlainOrder::HasVariants | ZnPlainOrder::Contracts | ZnPlainOrder::ContractsWithMarks;
-  if ((traits & joining) == 0 ||
-      ((traits & joining) == ZnPlainOrder::ContractsWithMarks && next < kFirstMark))
-    return false;
-  ZnCharOrderProps const * const entry = source.iterator.codeSetRecord->orderTable->Lookup(c);
-  return entry != nullptr &&
-         ContractionWith(VariantFor(entry, source.iterator.language), next) != nullptr;
-}
-
 /// Characters that both texts, of one code set and language, begin with and that comparison may
 /// skip; `kSameText` if the texts are the same. `source` is that of either text.
 template <int Width>
@@ -91,8 +85,9 @@ inline unsigned int CommonStart(char const * a, char const * b, OrderSource & so
   unsigned int end = equal;
   for (unsigned int back = 1; back < kLongestContraction && back <= end;) {
     unsigned int const place = end - back;
-    bool const joins = Joins(source, at(a, place), at(a, place + 1)) ||
-                       (place + 1 == equal && Joins(source, at(a, place), at(b, place + 1)));
+    bool const joins = MayRepeat(at(a, place), source.Plain(at(a, place))) ||
+                       source.Joins(at(a, place), at(a, place + 1)) ||
+                       (place + 1 == equal && source.Joins(at(a, place), at(b, place + 1)));
     if (joins) {
       end = place;
       back = 1;
@@ -102,7 +97,8 @@ inline unsigned int CommonStart(char const * a, char const * b, OrderSource & so
   }
   // A character that leaves the class as it is needs the class of what stands before it.
   auto const keepsClass = [&](unsigned short c) {
-    return (source.Plain(c).traits & ZnPlainOrder::NoEntry) != 0 && !MarksClassOfIdeographs(c);
+    return c != 0 && (source.Plain(c).traits & ZnPlainOrder::NoEntry) != 0 &&
+           !MarksClassOfIdeographs(c);
   };
   return keepsClass(at(a, end)) || keepsClass(at(b, end)) ? 0 : end;
 }

@@ -6,6 +6,7 @@
 #include "znstring/wildcards.h"
 
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 /// The comparison of two texts by their order units, with wildcards in the second.
@@ -28,57 +29,103 @@
 
 namespace zntms {
 
+/// How far to compare, and where to tell the difference.
+struct Extent {
+  unsigned int limit = ~0u;       ///< units to read of each side
+  int outputLimit = 0;            ///< the same as a signed number: how far `lastDifference` goes
+  int * lastDifference = nullptr; ///< takes the first-level difference, unless it is null
+};
+
+/// What a comparison has found so far.
+struct Differences {
+  int letterCase = 0;
+  int accent = 0;
+  int symbol = 0;
+
+  /// The result, the letters being equal.
+  int Result(unsigned short cmpOp) const {
+    if (accent != 0 && (cmpOp & ZnCmpIgnoreAccents) == 0)
+      return accent;
+    if (letterCase != 0 && (cmpOp & ZnCmpIgnoreCase) == 0)
+      return letterCase;
+    return symbol;
+  }
+};
+
+// The fields of a comparison key below the first level.
+inline constexpr unsigned int kCaseBits = 96;
+inline constexpr unsigned int kAccentBits = 31;
+inline constexpr unsigned int kPrimaryBits = ~(kCaseBits | kAccentBits);
+
+/// Unsigned numbers subtracted; the sign tells their order as long as they are not too far apart,
+/// as the classes of two keys never are.
+constexpr int KeyDifference(unsigned int a, unsigned int b) { return static_cast<int>(a - b); }
+
+/// Adds what two keys differ in to `found` and gives their difference on the first level. The
+/// first difference in case counts, with its sign reversed, so that lower case orders first, and
+/// the last one in accents.
+inline int CompareKeys(unsigned int a, unsigned int b, Differences & found) {
+  if (a == b)
+    return 0;
+  if (found.letterCase == 0)
+    found.letterCase = KeyDifference(b & ~kAccentBits, a & ~kAccentBits);
+  if ((a & ~kCaseBits) != (b & ~kCaseBits))
+    found.accent = KeyDifference(a & ~kCaseBits, b & ~kCaseBits);
+  return KeyDifference(a & kPrimaryBits, b & kPrimaryBits);
+}
+
+/// Whether a unit is compared on the first level: no space and no symbol.
+constexpr bool IsSignificant(unsigned short order, unsigned char scriptClass) {
+  return order >= 16128 || order == 0 || scriptClass >= kIdeographClass;
+}
+
+/// The first difference of comparison keys in the first `limit` units.
 template <class Reader>
+int CompareByKeys(Reader a, Reader b, unsigned int limit) {
+  for (;; --limit) {
+    unsigned short const orderA = a.Next();
+    unsigned short const orderB = b.Next();
+    unsigned int const x = ZnOrderKey(orderA, a.ScriptClass());
+    unsigned int const y = ZnOrderKey(orderB, b.ScriptClass());
+    if (x != y || x == 0 || limit == 1)
+      return KeyDifference(x, y);
+  }
+}
+
+template <class Reader, bool Wildcards>
 class Comparison {
 public:
-  /// `limit` is the number of units to read of each side; `outputLimit` the same as a signed
-  /// number, up to which the first-level difference goes to `lastDifference` if that is not null.
-  Comparison(Reader const & a, Reader const & b, unsigned short cmpOp, unsigned int limit,
-             int outputLimit, int * lastDifference)
-      : a_{a}, b_{b}, cmpOp_(cmpOp), limit_(limit), outputLimit_(outputLimit),
-        lastDifference_(lastDifference) {}
+  /// `readA` and `readB` make the readers in place; `found` is what was found before the places
+  /// where they stand.
+  template <class MakeA, class MakeB>
+  Comparison(MakeA readA, MakeB readB, unsigned short cmpOp, Extent const & extent,
+             Differences const & found)
+      : a_{readA()}, b_{readB()}, found_(found), cmpOp_(cmpOp), extent_(extent) {}
 
   /// `fixClass`: the script class that the first step finds holds for the rest.
-  template <bool Wildcards>
   int Run(bool fixClass) {
-    if constexpr (Wildcards) {
-      asterisk_ = asteriskOrder.Get();
-      question_ = questionOrder.Get();
-    }
     for (;;) {
-      ReadUnits<Wildcards>();
+      ReadUnits();
       if (fixClass) {
         a_.reader.StopTracking();
         b_.reader.StopTracking();
       }
       if constexpr (Wildcards) {
         if ((search_.key != 0 || b_.order == asterisk_) && !PrepareSearch())
-          return Finish(0);
+          return found_.Result(cmpOp_);
       }
-      int const primary = CompareUnits<Wildcards>();
-      if (lastDifference_ != nullptr && static_cast<int>(a_.count) <= outputLimit_ &&
-          static_cast<int>(b_.count) <= outputLimit_)
-        *lastDifference_ = primary;
-      if (primary != 0 || a_.order == 0 || (b_.order == 0 && search_.key == 0))
-        return Finish(primary);
-    }
-  }
-
-  /// The first difference of comparison keys.
-  int RunOnKeys() {
-    for (unsigned int i = 0;; ++i) {
-      Take(a_);
-      Take(b_);
-      if (a_.key != b_.key || a_.order == 0 || b_.order == 0 || i + 1 == limit_)
-        return Difference(a_.key, b_.key);
+      int const primary = CompareUnits();
+      if (extent_.lastDifference != nullptr && static_cast<int>(a_.count) <= extent_.outputLimit &&
+          static_cast<int>(b_.count) <= extent_.outputLimit)
+        *extent_.lastDifference = primary;
+      if (primary != 0)
+        return primary;
+      if (a_.order == 0 || (b_.order == 0 && search_.key == 0))
+        return found_.Result(cmpOp_);
     }
   }
 
 private:
-  static constexpr unsigned int kCaseBits = 96;
-  static constexpr unsigned int kAccentBits = 31;
-  static constexpr unsigned int kPrimary = ~(kCaseBits | kAccentBits);
-
   /// One text and the unit that the present step found in it.
   struct Side {
     Reader reader;
@@ -93,8 +140,8 @@ private:
   struct Place {
     Reader reader;
     unsigned int count;
-    int caseDifference;
-    int accentDifference;
+    int letterCase;
+    int accent;
   };
 
   /// The search behind the last asterisk.
@@ -106,16 +153,18 @@ private:
     std::vector<Place> alternatives;
   };
 
-  static int Difference(unsigned int a, unsigned int b) { return static_cast<int>(a - b); }
+  struct NoSearch {
+    static constexpr unsigned int key = 0;
+  };
 
   void Take(Side & side) {
     ++side.count;
-    side.order = side.count > limit_ ? 0 : side.reader.Next();
+    side.order = side.count > extent_.limit ? 0 : side.reader.Next();
     side.key = ZnOrderKey(side.order, side.reader.ScriptClass());
   }
 
-  bool IsSignificant(unsigned short order, Reader const & reader) const {
-    return order >= 16128 || order == 0 || reader.ScriptClass() >= kIdeographClass;
+  static bool IsSignificant(Side const & side) {
+    return zntms::IsSignificant(side.order, side.reader.ScriptClass());
   }
 
   bool IsSkipped(unsigned short order) const {
@@ -126,7 +175,7 @@ private:
   void ReadSignificant(Side & side) {
     do {
       Take(side);
-      if (IsSignificant(side.order, side.reader)) {
+      if (IsSignificant(side)) {
         side.moving = false;
         return;
       }
@@ -140,7 +189,7 @@ private:
       Take(side);
       if (side.order == asterisk_ || side.order == question_)
         return true;
-      if (IsSignificant(side.order, side.reader)) {
+      if (IsSignificant(side)) {
         side.moving = false;
         return false;
       }
@@ -149,12 +198,13 @@ private:
     return false;
   }
 
-  template <bool Wildcards>
   void ReadUnits() {
-    if (Wildcards && search_.key != 0) {
-      ReadSearched();
-      ReadPattern(b_);
-      return;
+    if constexpr (Wildcards) {
+      if (search_.key != 0) {
+        ReadSearched();
+        ReadPattern(b_);
+        return;
+      }
     }
     a_.moving = b_.moving = true;
     do {
@@ -169,19 +219,24 @@ private:
           ReadSignificant(b_);
       }
       if (a_.held != b_.held)
-        symbolDifference_ = a_.held - b_.held;
+        found_.symbol = a_.held - b_.held;
     } while (a_.moving || b_.moving);
   }
 
   /// Reads the first side in a search. Units that cannot be the one behind the asterisk change
   /// nothing as long as the pattern stands there and no alternative is open.
   void ReadSearched() {
-    ReadSignificant(a_);
-    if (!search_.atStart || search_.anyUnit || lastDifference_ != nullptr || Mismatch(0) != 0)
-      return;
-    unsigned int const mask = Mask();
-    while (a_.order != 0 && (a_.key & mask) != search_.key)
+    if (!search_.atStart || search_.anyUnit || extent_.lastDifference != nullptr ||
+        Mismatch(0) != 0) {
       ReadSignificant(a_);
+      return;
+    }
+    unsigned int const mask = Mask();
+    do {
+      if (a_.count < extent_.limit)
+        a_.count += a_.reader.PassOthers(search_.key, mask, extent_.limit - a_.count);
+      ReadSignificant(a_);
+    } while (a_.order != 0 && (a_.key & mask) != search_.key);
   }
 
   /// The bits of a key that count under the flags.
@@ -197,10 +252,10 @@ private:
     if (ignoreCase && ignoreAccents)
       return primary;
     if (ignoreAccents)
-      return caseDifference_;
+      return found_.letterCase;
     if (ignoreCase)
-      return accentDifference_;
-    return accentDifference_ | caseDifference_;
+      return found_.accent;
+    return found_.accent | found_.letterCase;
   }
 
   /// Opens, moves and drops alternatives, and starts a search at an asterisk. False if the pattern
@@ -214,18 +269,18 @@ private:
     if (a_.key != 0 && !redundant &&
         ((search_.anyUnit && search_.key != 0) || (a_.key & mask) == search_.key)) {
       Place place = *search_.start;
-      place.caseDifference = caseDifference_;
-      place.accentDifference = accentDifference_;
+      place.letterCase = found_.letterCase;
+      place.accent = found_.accent;
       search_.alternatives.push_back(place);
     }
     if (b_.order == asterisk_) {
       search_.alternatives.clear();
       do {
-        search_.start = Place{b_.reader, b_.count, caseDifference_, accentDifference_};
+        search_.start = Place{b_.reader, b_.count, found_.letterCase, found_.accent};
         do
           Take(b_);
-        while (!IsSignificant(b_.order, b_.reader) && b_.order != asterisk_ &&
-               b_.order != question_ && IsSkipped(b_.order));
+        while (!IsSignificant(b_) && b_.order != asterisk_ && b_.order != question_ &&
+               IsSkipped(b_.order));
       } while (b_.order == asterisk_);
       if (b_.order == 0)
         return false;
@@ -249,24 +304,22 @@ private:
   void Restart(Place const & place) {
     b_.reader = place.reader;
     b_.count = place.count;
-    caseDifference_ = place.caseDifference;
-    accentDifference_ = place.accentDifference;
+    found_.letterCase = place.letterCase;
+    found_.accent = place.accent;
   }
 
   /// The first-level difference of the two units; the others are kept.
-  template <bool Wildcards>
   int CompareUnits() {
-    int primary = 0;
-    if (Wildcards && b_.order == question_) {
-      primary = a_.order != 0 ? 0 : -1;
-    } else if (a_.key != b_.key) {
-      primary = Difference(a_.key & kPrimary, b_.key & kPrimary);
-      if (caseDifference_ == 0)
-        caseDifference_ = Difference(b_.key & ~kAccentBits, a_.key & ~kAccentBits);
-      if ((a_.key & ~kCaseBits) != (b_.key & ~kCaseBits))
-        accentDifference_ = Difference(a_.key & ~kCaseBits, b_.key & ~kCaseBits);
-    }
-    if (Wildcards && search_.key != 0 && a_.order != 0 && Mismatch(primary) != 0) {
+    if constexpr (!Wildcards) {
+      return CompareKeys(a_.key, b_.key, found_);
+    } else {
+      int primary = 0;
+      if (b_.order != question_)
+        primary = CompareKeys(a_.key, b_.key, found_);
+      else if (a_.order == 0)
+        primary = -1;
+      if (search_.key == 0 || a_.order == 0 || Mismatch(primary) == 0)
+        return primary;
       if (!search_.alternatives.empty()) {
         Restart(search_.alternatives.front());
         search_.alternatives.erase(search_.alternatives.begin());
@@ -274,33 +327,18 @@ private:
         Restart(*search_.start);
         search_.atStart = true;
       }
-      primary = 0;
+      return 0;
     }
-    return primary;
-  }
-
-  int Finish(int primary) const {
-    if (primary != 0)
-      return primary;
-    if (accentDifference_ != 0 && (cmpOp_ & ZnCmpIgnoreAccents) == 0)
-      return accentDifference_;
-    if (caseDifference_ != 0 && (cmpOp_ & ZnCmpIgnoreCase) == 0)
-      return caseDifference_;
-    return symbolDifference_;
   }
 
   Side a_;
   Side b_;
-  unsigned short cmpOp_;
-  unsigned short asterisk_ = 0;
-  unsigned short question_ = 0;
-  unsigned int limit_;
-  int outputLimit_;
-  int * lastDifference_;
-  int caseDifference_ = 0;
-  int accentDifference_ = 0;
-  int symbolDifference_ = 0;
-  Search search_;
+  Differences found_;
+  unsigned short const cmpOp_;
+  unsigned short const asterisk_ = Wildcards ? asteriskOrder.Get() : 0;
+  unsigned short const question_ = Wildcards ? questionOrder.Get() : 0;
+  Extent const extent_;
+  std::conditional_t<Wildcards, Search, NoSearch> search_;
 };
 
 } // namespace zntms

@@ -49,10 +49,9 @@ unsigned int HashString(unsigned char codeSet, unsigned char language, char * te
     return Fold(length, [&]() -> unsigned int {
       return *text == 0 ? 0 : static_cast<unsigned char>(*text++);
     });
-  OrderSource source(text, codeSet, language, byteOrder);
-  bool const hostOrder = CharacterWidth(codeSet) == 1 || !IsBigEndian(byteOrder);
-  if (source.pages == nullptr || codeSet == kOrderTextCodeSet || !hostOrder)
-    return FoldKeys(IteratorReader(source), length);
-  return CharacterWidth(codeSet) == 1 ? FoldKeys(OrderReader<1>(source), length)
-                                      : FoldKeys(OrderReader<2>(source), length);
+  OrderSource source(codeSet, language, byteOrder);
+  if (!source.HasPages())
+    return FoldKeys(IteratorReader(source, text), length);
+  return CharacterWidth(source.codeSet) == 1 ? FoldKeys(OrderReader<1>(source, text), length)
+                                             : FoldKeys(OrderReader<2>(source, text), length);
 }

@@ -6,9 +6,9 @@
 #include "zncodes.h"
 #include "znstring/byte_match.h"
 #include "znstring/characters.h"
-#include "znstring/common_start.h"
 #include "znstring/comparison.h"
 #include "znstring/order_reader.h"
+#include "znstring/quick_comparison.h"
 
 using namespace zntms;
 
@@ -16,53 +16,54 @@ namespace {
 
 constexpr unsigned short kLiteral = ZnCmpNoWildcards | ZnCmpKeysOnly;
 
-/// How far to read and where to tell the difference.
-struct Extent {
-  unsigned int limit;
-  int outputLimit;
-  int * lastDifference;
-};
-
 template <class Reader>
-int CompareUnits(Reader const & a, Reader const & b, unsigned short cmpOp, Extent const & extent,
-                 bool fixClass) {
-  Comparison<Reader> comparison(a, b, cmpOp, extent.limit, extent.outputLimit,
-                                extent.lastDifference);
+int CompareReaders(Reader const & a, Reader const & b, unsigned short cmpOp, Extent const & extent,
+                   bool fixClass) {
   if ((cmpOp & ZnCmpKeysOnly) != 0)
-    return comparison.RunOnKeys();
-  return (cmpOp & ZnCmpNoWildcards) != 0 ? comparison.template Run<false>(fixClass)
-                                         : comparison.template Run<true>(fixClass);
+    return CompareByKeys(a, b, extent.limit);
+  if ((cmpOp & ZnCmpNoWildcards) != 0)
+    return Comparison<Reader, false>([&] { return a; }, [&] { return b; }, cmpOp, extent, {})
+        .Run(fixClass);
+  return Comparison<Reader, true>([&] { return a; }, [&] { return b; }, cmpOp, extent, {})
+      .Run(fixClass);
 }
 
+/// Nobody counts units here, so that a common start may be skipped, as long as nobody looks for
+/// wildcards in it.
 template <int Width>
-int ComparePages(OrderSource & a, OrderSource & b, unsigned short cmpOp, Extent const & extent) {
-  OrderReader<Width> readerA(a);
-  OrderReader<Width> readerB(b);
-  bool const sameReading =
-      a.iterator.codeSet == b.iterator.codeSet && a.iterator.language == b.iterator.language;
-  // Without a limit nobody counts units, and without wildcards nobody looks at equal ones.
-  if (sameReading && (cmpOp & kLiteral) != 0 && extent.limit == ~0u) {
-    unsigned int const common = CommonStart<Width>(a.iterator.current, b.iterator.current, a);
-    if (common == kSameText)
-      return 0;
-    readerA.Skip(common);
-    readerB.Skip(common);
+inline int CompareQuickly(OrderSource & sourceA, char const * a, OrderSource & sourceB,
+                          char const * b, unsigned short cmpOp) {
+  QuickComparison<Width> comparison(sourceA, a, sourceB, b);
+  if ((cmpOp & kLiteral) == 0)
+    return comparison.template Run<true>(cmpOp);
+  if ((&sourceA == &sourceB || sourceA.ReadsLike(sourceB)) && comparison.SkipCommonStart())
+    return 0;
+  return (cmpOp & ZnCmpKeysOnly) != 0 ? comparison.RunByKeys()
+                                      : comparison.template Run<false>(cmpOp);
+}
+
+int CompareTexts(OrderSource & sourceA, char const * a, OrderSource & sourceB, char const * b,
+                 unsigned short cmpOp, Extent const & extent) {
+  unsigned int const width = CharacterWidth(sourceA.codeSet);
+  if (!sourceA.HasPages() || !sourceB.HasPages() || width != CharacterWidth(sourceB.codeSet)) {
+    bool const fixClass =
+        sourceA.codeSet == kOrderTextCodeSet || sourceB.codeSet == kOrderTextCodeSet;
+    return CompareReaders(IteratorReader(sourceA, a), IteratorReader(sourceB, b), cmpOp, extent,
+                          fixClass);
   }
-  return CompareUnits(readerA, readerB, cmpOp, extent, false);
+  if (extent.limit == ~0u)
+    return width == 1 ? CompareQuickly<1>(sourceA, a, sourceB, b, cmpOp)
+                      : CompareQuickly<2>(sourceA, a, sourceB, b, cmpOp);
+  return width == 1 ? CompareReaders(OrderReader<1>(sourceA, a), OrderReader<1>(sourceB, b), cmpOp,
+                                     extent, false)
+                    : CompareReaders(OrderReader<2>(sourceA, a), OrderReader<2>(sourceB, b), cmpOp,
+                                     extent, false);
 }
 
-/// Whether the texts can be read by pages: no order text, no code set without order table, and
-/// two-byte characters in the order of the host.
-bool HasPages(OrderSource const & source) {
-  return source.pages != nullptr && source.iterator.codeSet != kOrderTextCodeSet &&
-         (CharacterWidth(source.iterator.codeSet) == 1 || !IsBigEndian(source.iterator.byteOrder));
-}
-
-} // namespace
-
-int ZnStrCmp(unsigned char codeSetA, unsigned char languageA, char const * textA,
-             unsigned char codeSetB, unsigned char languageB, char const * textB,
-             unsigned short cmpOp, short maxLength, unsigned char byteOrder, int * lastDifference) {
+[[gnu::noinline]] int CompareAny(unsigned char codeSetA, unsigned char languageA,
+                                 char const * textA, unsigned char codeSetB,
+                                 unsigned char languageB, char const * textB, unsigned short cmpOp,
+                                 short maxLength, unsigned char byteOrder, int * lastDifference) {
   bool const nullA = IsNullText(codeSetA, languageA);
   if (IsNullText(codeSetB, languageB))
     return nullA ? 0 : 1;
@@ -76,19 +77,62 @@ int ZnStrCmp(unsigned char codeSetA, unsigned char languageA, char const * textA
   if (codeSetA == 0 && codeSetB == 0)
     return (cmpOp & kLiteral) == 0 ? MatchBytes(textB, textA, maxLength)
                                    : CompareBytes(textA, textB, maxLength);
-  if (codeSetA == 0)
-    codeSetA = ZnLanguageContext::GetNativeCodeSet();
-  if (codeSetB == 0)
-    codeSetB = ZnLanguageContext::GetNativeCodeSet();
 
   Extent const extent{maxLength == -1 ? ~0u : static_cast<unsigned short>(maxLength), maxLength,
                       (cmpOp & ZnCmpIgnoreSpaces) != 0 && maxLength > 0 ? lastDifference : nullptr};
-  OrderSource a(textA != nullptr ? textA : kEmptyText, codeSetA, languageA, byteOrder);
-  OrderSource b(textB != nullptr ? textB : kEmptyText, codeSetB, languageB, byteOrder);
-  if (HasPages(a) && HasPages(b) &&
-      CharacterWidth(a.iterator.codeSet) == CharacterWidth(b.iterator.codeSet))
-    return CharacterWidth(a.iterator.codeSet) == 1 ? ComparePages<1>(a, b, cmpOp, extent)
-                                                   : ComparePages<2>(a, b, cmpOp, extent);
-  bool const fixClass = codeSetA == kOrderTextCodeSet || codeSetB == kOrderTextCodeSet;
-  return CompareUnits(IteratorReader(a), IteratorReader(b), cmpOp, extent, fixClass);
+  OrderSource sourceA(codeSetA, languageA, byteOrder);
+  OrderSource sourceB(codeSetB, languageB, byteOrder);
+  return CompareTexts(sourceA, textA != nullptr ? textA : kEmptyText, sourceB,
+                      textB != nullptr ? textB : kEmptyText, cmpOp, extent);
+}
+
+/// The rest of a comparison of whole texts of one code set and language, which are known to agree
+/// in what was skipped.
+template <int Width>
+[[gnu::noinline]] int CompareRest(unsigned char codeSet, unsigned char language, char const * a,
+                                  char const * b, unsigned int skip, unsigned short cmpOp) {
+  OrderSource source(codeSet, language, 1);
+  if (!source.HasPages())
+    return CompareReaders(IteratorReader(source, a), IteratorReader(source, b), cmpOp, Extent(),
+                          false);
+  if (skip == 0)
+    return CompareQuickly<Width>(source, a, source, b, cmpOp);
+  return QuickComparison<Width>(source, a + skip * Width, source, b + skip * Width)
+      .template Run<false>(cmpOp);
+}
+
+/// Compares whole texts of one code set and language, two-byte ones in the order of the host.
+template <int Width>
+inline int CompareAlike(unsigned char codeSet, unsigned char language, char const * a,
+                        char const * b, unsigned short cmpOp) {
+  OrderPages const pages = PagesOf(codeSet);
+  unsigned int skip = 0;
+  if (pages != nullptr && (cmpOp & ZnCmpKeysOnly) == 0) [[likely]] {
+    int result = 0;
+    unsigned int const traits = RelevantTraits(language);
+    if ((cmpOp & ZnCmpNoWildcards) != 0
+            ? DecideAtFirstDifference<Width, false>(pages, traits, a, b, result, skip)
+            : DecideAtFirstDifference<Width, true>(pages, traits, a, b, result, skip))
+      return result;
+  }
+  return CompareRest<Width>(codeSet, language, a, b, skip, cmpOp);
+}
+
+} // namespace
+
+int ZnStrCmp(unsigned char codeSetA, unsigned char languageA, char const * textA,
+             unsigned char codeSetB, unsigned char languageB, char const * textB,
+             unsigned short cmpOp, short maxLength, unsigned char byteOrder, int * lastDifference) {
+  // Most texts are of one code set and language, compared whole, and most of these are decided by
+  // the first letters that differ.
+  bool const alike = codeSetA == codeSetB && languageA == languageB && maxLength == -1;
+  if (alike && languageA < kNullLanguage && codeSetA - 1u < kOrderTextCodeSet - 1u &&
+      textA != nullptr && textB != nullptr) [[likely]] {
+    if (CharacterWidth(codeSetA) == 1)
+      return CompareAlike<1>(codeSetA, languageA, textA, textB, cmpOp);
+    if (!IsBigEndian(byteOrder))
+      return CompareAlike<2>(codeSetA, languageA, textA, textB, cmpOp);
+  }
+  return CompareAny(codeSetA, languageA, textA, codeSetB, languageB, textB, cmpOp, maxLength,
+                    byteOrder, lastDifference);
 }
