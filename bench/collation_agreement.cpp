@@ -1,3 +1,4 @@
+#include <zanin.h>
 #include <zantms.h>
 
 #include <unicode/coll.h>

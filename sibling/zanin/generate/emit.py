@@ -108,8 +108,8 @@ def write(tables: Tables, version, source_name, tailored):
     plain = [[tables.plain(place, True) for place in row] for row in tables.set_entries]
     reverse, starts = [], [0]
     for one in tables.sets:
-        reverse.extend('{%d,%d}' % pair for pair in sorted(one.byte.items())
-                       if pair[0] > 127 or pair[0] != pair[1])
+        reverse.extend(byte for code, byte in sorted(one.byte.items())
+                       if code > 127 or code != byte)
         starts.append(len(reverse))
     count = len(tables.sets)
     out.file('byte_sets.cpp',
@@ -123,7 +123,7 @@ def write(tables: Tables, version, source_name, tailored):
              f'constinit ZnPlainOrder const * const ByteSetPagePointers[{count + 255}] = {{\n' +
              wrapped(f'byteSetPages[{min(i, count - 1)}]' for i in range(count + 255)) +
              '\n};\n\n' +
-             _array('ReverseMapping', 'ByteSetReverse', reverse) + '\n' +
+             _array('unsigned char', 'ByteSetReverse', reverse) + '\n' +
              _array('unsigned short', 'ByteSetReverseStart', starts) + '\n' +
              'namespace {\nconstinit ByteTable const byteTables[] = {\n' +
              wrapped(f'ByteTable(&ByteSetPagePointers[{i}],ByteSetEntries[{i}])'

@@ -42,7 +42,7 @@ def make(report=None):
             continue
         language = tailor.Language(root, source)
         there = trie.build(language, nodes, sorted(c for c in language.affected() if c in tops),
-                           trie.paths(language, known, list(language.overrides)))
+                           trie.paths(language, known, language.texts()))
         for code, node in there.items():
             if node != tops[code]:
                 variants.setdefault(code, {})[number] = node

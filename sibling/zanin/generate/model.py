@@ -44,7 +44,8 @@ ARABIC_MARKS = [0x64B, 0x64C, 0x64D, 0x64E, 0x64F, 0x650, 0x651, 0x652, 0x670]
 # the letters of the first alphabet. Marks of Indic scripts contract where a form is composed.
 NO_GENERIC = {1: {0x335, 0x336, 0x338, 0x30F, 0x311, 0x324, 0x325, 0x32D, 0x32E, 0x330},
               3: set(LATIN_MARKS) - {0x300, 0x301, 0x302, 0x303, 0x304, 0x306, 0x308, 0x30B}}
-NEW_LETTER_MARKS = {0x300, 0x301, 0x302, 0x303, 0x304, 0x30C}  # on letters of a tailoring
+NEW_LETTER_MARKS = {0x300, 0x301, 0x302, 0x303, 0x304, 0x30C}  # on letters beside A to Z and on those of a tailoring
+THAI_LAO_MARKS = {0xE48, 0xE49, 0xE4A, 0xE4B, 0xE4C, 0xEC8, 0xEC9, 0xECA, 0xECB, 0xECC}
 GENERIC_CLASSES = {1, 2, 3, 6, 7, 18, 19}
 GENERIC_ARABIC = range(0x621, 0x64B)
 
@@ -79,43 +80,44 @@ class OutOfForm(Exception):
 def assign_slots(letters):
     """Slots for letters in their order. `letters` are (tier, wished slot or None, cost of leaving
     it, pull); a pull of 1 draws a letter to the upper end. Letters share a slot only where that
-    is cheapest. Dynamic programming over letter and slot; ties go to the lowest slots."""
+    is cheapest. Dynamic programming over letter, slot, and whether the slot has a main letter;
+    ties go to the lowest slots."""
     infinite = float('inf')
-    share = {MAIN: 10000.0, AUXILIARY: 50.0, RARE: 8.0}
-    best, back = None, []
+    cost = {}  # (slot, has main) to cost, for the last letter
+    back = []
     for i, (tier, wish, leave, pull) in enumerate(letters):
-        here, trace = [], []
-        lowest, lowest_at = infinite, -1
-        if i:
-            if tier == RARE and letters[i - 1][0] == RARE:
-                together = 1.0
-            else:
-                together = max(share[tier], share[letters[i - 1][0]]) \
-                    if MAIN in (tier, letters[i - 1][0]) and tier == letters[i - 1][0] \
-                    else min(share[tier], share[letters[i - 1][0]])
+        here, trace = {}, {}
+        lowest, lowest_at = (0.0, None) if not i else (infinite, None)
+        behind = letters[i - 1][0] if i else None
         for slot in range(SLOTS):
-            cost = 1e-6 * slot if not pull else 1e-6 * (SLOTS - slot) + 2.0 * (slot < UPPER_END)
+            place = 1e-6 * slot if not pull else \
+                1e-6 * (SLOTS - slot) + 2.0 * (slot < UPPER_END)
             if wish is not None and slot != wish:
-                cost += leave
-            if i == 0:
-                here.append(cost)
-                trace.append(-1)
-                continue
-            if slot and best[slot - 1] < lowest:
-                lowest, lowest_at = best[slot - 1], slot - 1
-            if best[slot] + together < lowest:
-                here.append(best[slot] + together + cost)
-                trace.append(slot)
-            else:
-                here.append(lowest + cost)
-                trace.append(lowest_at)
-        best = here
+                place += leave
+            for main in (0, 1):
+                if i and slot and cost.get((slot - 1, main), infinite) < lowest:
+                    lowest, lowest_at = cost[slot - 1, main], (slot - 1, main)
+            options = [(lowest, lowest_at, int(tier == MAIN))]
+            for main in (0, 1):
+                if (slot, main) in cost:
+                    if tier == MAIN:
+                        together = 10000.0 if main else 8.0
+                    elif tier == AUXILIARY:
+                        together = 50.0
+                    else:
+                        together = 1.0 if behind == RARE else 8.0
+                    options.append((cost[slot, main] + together, (slot, main),
+                                    int(main or tier == MAIN)))
+            for value, source, main in options:
+                if value < infinite and value + place < here.get((slot, main), infinite):
+                    here[slot, main], trace[slot, main] = value + place, source
+        cost = here
         back.append(trace)
-    slot = min(range(SLOTS), key=lambda s: best[s])
+    state = min(sorted(cost), key=cost.get)
     result = []
     for trace in reversed(back):
-        result.append(slot)
-        slot = trace[slot]
+        result.append(state[0])
+        state = trace[state]
     return result[::-1]
 
 
@@ -138,6 +140,11 @@ class Model:
         self._allocate()
         # For the languages: the first character of each canonical form, and the letters in it.
         self.starter = {c: ucd.decompose(data, (c,))[0] for c in data.name}
+        # Composed letters of living languages by their first character.
+        self.composed = {}
+        for code in sorted(data.decomposition):
+            if self.starter.get(code, code) != code and code in data.exemplar_main:
+                self.composed.setdefault(self.starter[code], []).append(code)
         self.primaries = {text[0]: {e[0] for e in elements if e[0] in self.slot}
                           for text, elements in self.keys.items() if len(text) == 1}
 
@@ -226,6 +233,8 @@ class Model:
                 if number in BICAMERAL:
                     chosen.update(LATIN_MARKS)
             self.mark_value[number] = {weight(c): v for c, v in sorted(chosen.items())}
+            if script in ('Thai', 'Lao'):
+                chosen = {c: v for c, v in chosen.items() if c in THAI_LAO_MARKS}
             self.generic[number] = sorted(set(chosen) - NO_GENERIC.get(number, set())) \
                 if number in GENERIC_CLASSES else []
         self.lone = {}

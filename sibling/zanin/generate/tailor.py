@@ -3,7 +3,8 @@
 A tailoring is read as the CLDR writes it: a reset names a place of the order, relations put
 strings behind it. `<` makes a new primary, which takes a slot between its neighbours; `<<` makes a
 new secondary behind the anchor's, which takes a diacritic value; `<<<` keeps both and tells case
-only; `=` keeps everything.
+only, or takes a diacritic value too if the text is no case form of its anchor (`aa` behind the
+a with ring of Danish); `=` keeps everything.
 
 Worked example: `&[before 1]<A><a-ring>...` of Swedish makes a primary in front of the click letters,
 that is behind z and its variants; `assign_slots` gives it a free slot there, so that the letters of
@@ -30,10 +31,10 @@ def rules_of(source):
     """The rule text of "file/type"."""
     name, kind = source.split('/')
     root = ElementTree.parse(os.path.join(ucd.CLDR, 'collation', name + '.xml')).getroot()
-    some = [one for one in root.iter('collation') if one.get('type') == kind]
-    for one in [x for x in some if x.get('alt') is None] or some:
-        found = one.find('cr')
-        return found.text if found is not None and found.text else ''
+    for one in root.iter('collation'):
+        if one.get('type') == kind and one.get('alt') is None:
+            found = one.find('cr')
+            return found.text if found is not None and found.text else ''
     raise KeyError(source)
 
 
@@ -194,10 +195,10 @@ class Language(model.Model):
     # ---- Rules
 
     def _apply(self, rules):
-        anchor, before = None, 0
+        anchor, before, behind = None, 0, ()
         for rule in rules:
             if rule[0] == 'reset':
-                before, anchor = rule[1], None
+                before, anchor, behind = rule[1], None, rule[2]
                 try:
                     if isinstance(rule[2], str):
                         raise OutOfForm
@@ -209,11 +210,21 @@ class Language(model.Model):
             for text in texts:
                 if anchor is None:
                     continue
+                if strength == 3 and not self._same_letters(behind, text):
+                    strength = 2
                 try:
                     anchor = self._relate(anchor, strength, before, text, extension)
+                    behind = text
                 except OutOfForm:
                     self.left_out.append(self._name(text))
                 before = 0
+
+    def _same_letters(self, one, other):
+        """Whether two texts are case forms of one another, or of a script without case."""
+        def folded(text):
+            return [self.data.lower.get(c, c) for c in ucd.decompose(self.data, text)]
+        return folded(one) == folded(other) or \
+            self.data.script.get(other[0]) not in model.CLASSES[:max(model.BICAMERAL)]
 
     @staticmethod
     def _name(text):
@@ -343,6 +354,15 @@ class Language(model.Model):
             self.values[place] = self._allocate_slot(
                 place, wanted, {f: v for f, v in old.items()
                                 if kept and f[0] == first and v != model.SEVERAL})
+
+    def texts(self):
+        """The texts that the rules place, and those contractions with marks on their last
+        character: they have composed spellings too."""
+        result = set(self.overrides)
+        for text in self.overrides:
+            if len(text) > 1 and not self.data.ccc.get(text[-1]):
+                result.update(text[:-1] + (code,) for code in self.root.composed.get(text[-1], ()))
+        return sorted(result)
 
     def affected(self):
         """The characters whose entries may differ from the root's."""

@@ -13,7 +13,7 @@ from model import CLASSES, GENERIC_ARABIC, LEFT_OUT, MAIN, NEW_LETTER_MARKS, Out
     SEVERAL
 import ucd
 
-ARABIC = CLASSES.index('Arabic') + 1
+LATIN, ARABIC = 1, CLASSES.index('Arabic') + 1
 
 
 class Nodes:
@@ -94,7 +94,8 @@ def _generic_marks(model, text, number, orders, elements):
     parts = model.split(elements)
     if model.tier.get(parts[0][0]) != MAIN:
         return ()
-    return model.generic[number] if model.is_root_letter(parts[0][0]) else \
+    basic = number != LATIN or model.starter.get(text[0], text[0]) < 0x80
+    return model.generic[number] if basic and model.is_root_letter(parts[0][0]) else \
         sorted(NEW_LETTER_MARKS)
 
 

@@ -156,13 +156,11 @@ int ByteCodeSet::ByteOf(unsigned short c) const {
   if (c < 0x100 && toUnicode[c] == c)
     return c;
   int const number = id - FirstByteSetId;
-  ReverseMapping const * const first = ByteSetReverse + ByteSetReverseStart[number];
-  ReverseMapping const * const last = ByteSetReverse + ByteSetReverseStart[number + 1];
-  ReverseMapping const * const found =
-      std::lower_bound(first, last, c, [](ReverseMapping const & item, unsigned short value) {
-        return item.unicode < value;
-      });
-  return found != last && found->unicode == c ? found->byte : -1;
+  unsigned char const * const last = ByteSetReverse + ByteSetReverseStart[number + 1];
+  unsigned char const * const found = std::lower_bound(
+      ByteSetReverse + ByteSetReverseStart[number], last, c,
+      [this](unsigned char byte, unsigned short value) { return toUnicode[byte] < value; });
+  return found != last && toUnicode[*found] == c ? *found : -1;
 }
 
 } // namespace zntms

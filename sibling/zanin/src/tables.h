@@ -22,17 +22,12 @@ extern unsigned short const ByteSetCases[][256];
 
 // ---- One-byte code sets, all by id - 1.
 
-/// A character of code set 253 and its byte; a set's own are sorted by character. Characters below
-/// 128 that are their own byte are left out.
-struct ReverseMapping {
-  unsigned short unicode;
-  unsigned char byte;
-};
-
 extern unsigned short const ByteSetUnicode[][256];
 extern unsigned short const ByteSetEntries[][256];
 extern ZnPlainOrder const * const ByteSetPagePointers[];
-extern ReverseMapping const ByteSetReverse[];
+/// The bytes of each set in the order of their characters, without undefined bytes and those below
+/// 128 that are their own character; those of set `i` begin at `ByteSetReverseStart[i]`.
+extern unsigned char const ByteSetReverse[];
 extern unsigned short const ByteSetReverseStart[];
 
 // ---- Languages, by id.

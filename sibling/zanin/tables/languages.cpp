@@ -20,7 +20,7 @@ constinit ZnLanguage const LanguageTable[] = {
   {1,9,1,"br","Breton"},
   {1,10,1,"bs","Bosnian"},
   {0,11,3,"bs-Cyrl","Bosnian (Cyrillic)"},
-  {1,12,1,"ca","Catalan"},
+  {0,12,1,"ca","Catalan"},
   {1,13,1,"ceb","Cebuano"},
   {1,14,1,"cs","Czech"},
   {1,15,1,"cy","Welsh"},
@@ -77,7 +77,7 @@ constinit ZnLanguage const LanguageTable[] = {
   {1,66,7,"ps","Pashto"},
   {1,67,1,"ro","Romanian"},
   {0,68,3,"ru","Russian"},
-  {1,69,8,"sa","Sanskrit"},
+  {0,69,8,"sa","Sanskrit"},
   {1,70,1,"se","Northern Sami"},
   {1,71,17,"si","Sinhala"},
   {1,72,1,"sk","Slovak"},
@@ -106,9 +106,9 @@ constinit ZnLanguage const LanguageTable[] = {
   {1,95,1,"de-AT-u-co-phonebk","Austrian German (phone book)"},
   {1,96,1,"de-u-co-eor","German (European ordering rules)"},
   {1,97,1,"es-u-co-trad","Spanish (traditional)"},
-  {1,98,9,"bn-u-co-trad","Bangla (traditional)"},
-  {1,99,15,"kn-u-co-trad","Kannada (traditional)"},
-  {1,100,8,"sa-u-co-trad","Sanskrit (traditional)"},
+  {0,98,3,"uz-Cyrl","Uzbek (Cyrillic)"},
+  {0,99,3,"az-Cyrl","Azerbaijani (Cyrillic)"},
+  {0,100,7,"pa-Arab","Punjabi (Arabic)"},
   {1,101,17,"si-u-co-dict","Sinhala (dictionary)"},
   {1,102,1,"sv-u-co-trad","Swedish (traditional)"},
   {1,103,1,"fi-u-co-trad","Finnish (traditional)"},
@@ -235,7 +235,7 @@ constinit unsigned char const DottedILanguages[] = {
 };
 
 constinit unsigned int const OrderVersionNumber = 1;
-constinit unsigned long long const OrderFingerprintNumber = 0x5988529aed8f9a8dULL;
+constinit unsigned long long const OrderFingerprintNumber = 0xa3c00237f85b555cULL;
 constinit char const * const OrderSourceName = "Unicode 15.0.0, UCA 14.0.0, CLDR 41";
 
 } // namespace zntms
