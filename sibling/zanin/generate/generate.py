@@ -2,7 +2,8 @@
 """Makes the tables of the language component.
 
     generate.py            writes the tables
-    generate.py --check    fails if the tables on disk are not what it would write
+    generate.py --check    fails if the tables on disk are not what it would write, or if a
+                           composed letter reads otherwise than its canonical equivalents
     generate.py --compare REVISION
                            tells in words what moved since a revision of the repository
 
@@ -17,6 +18,7 @@ import sys
 import emit
 import languages
 import model
+import state
 import tables
 import tailor
 import trie
@@ -70,13 +72,22 @@ def check(files):
         if old != files.get(name):
             print(f'{name}: not what the generator writes', file=sys.stderr)
             good = False
+    data = ucd.load()
+    for tag, code in state.differing_spellings(state.of_directory(TARGET), data):
+        print(f'{tag}: U+{code:04X} reads otherwise than an equivalent text', file=sys.stderr)
+        good = False
     return good
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
     parser.add_argument('--check', action='store_true')
+    parser.add_argument('--compare', metavar='REVISION')
     arguments = parser.parse_args()
+    if arguments.compare:
+        old, new = state.of_revision(TARGET, arguments.compare), state.of_directory(TARGET)
+        print('\n'.join(state.report(old, new, ucd.load())))
+        return 0
     _, files = make()
     if arguments.check:
         return 0 if check(files) else 1

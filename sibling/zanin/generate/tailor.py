@@ -195,14 +195,15 @@ class Language(model.Model):
     # ---- Rules
 
     def _apply(self, rules):
-        anchor, before, behind = None, 0, ()
+        anchor, before, group = None, 0, []
         for rule in rules:
             if rule[0] == 'reset':
-                before, anchor, behind = rule[1], None, rule[2]
+                before, anchor = rule[1], None
                 try:
                     if isinstance(rule[2], str):
                         raise OutOfForm
                     anchor = self.elements(rule[2])
+                    group = [(rule[2], anchor)]
                 except OutOfForm:
                     self.left_out.append('reset at ' + self._name(rule[2]))
                 continue
@@ -210,11 +211,14 @@ class Language(model.Model):
             for text in texts:
                 if anchor is None:
                     continue
-                if strength == 3 and not self._same_letters(behind, text):
-                    strength = 2
+                # A third-level relation tells case, of one of those that it stands behind.
+                own = strength
+                if strength == 3:
+                    same = [e for other, e in group if self._same_letters(other, text)]
+                    own, anchor = (3, same[-1]) if same else (2, anchor)
                 try:
-                    anchor = self._relate(anchor, strength, before, text, extension)
-                    behind = text
+                    anchor = self._relate(anchor, own, before, text, extension)
+                    group = (group if strength == 3 else []) + [(text, anchor)]
                 except OutOfForm:
                     self.left_out.append(self._name(text))
                 before = 0
@@ -222,7 +226,9 @@ class Language(model.Model):
     def _same_letters(self, one, other):
         """Whether two texts are case forms of one another, or of a script without case."""
         def folded(text):
-            return [self.data.lower.get(c, c) for c in ucd.decompose(self.data, text)]
+            # The Turkish letters i differ by a dot, which says nothing about case.
+            lower = [self.data.lower.get(c, c) for c in ucd.decompose(self.data, text)]
+            return [0x69 if c == 0x131 else c for c in lower if c != 0x307 or lower[0] != 0x69]
         return folded(one) == folded(other) or \
             self.data.script.get(other[0]) not in model.CLASSES[:max(model.BICAMERAL)]
 
@@ -377,4 +383,8 @@ class Language(model.Model):
                 if primary in moved or \
                         (self.class_of[primary], self.slot[primary]) in places:
                     result.add(code)
+        # A character leads on to the composed letters that begin with it.
+        for code in list(result):
+            if code in self.data.decomposition:
+                result.update(text[0] for text in ucd.spellings(self.data, (code,)))
         return result

@@ -235,7 +235,7 @@ constinit unsigned char const DottedILanguages[] = {
 };
 
 constinit unsigned int const OrderVersionNumber = 1;
-constinit unsigned long long const OrderFingerprintNumber = 0xa3c00237f85b555cULL;
+constinit unsigned long long const OrderFingerprintNumber = 0x472995153b12b8b5ULL;
 constinit char const * const OrderSourceName = "Unicode 15.0.0, UCA 14.0.0, CLDR 41";
 
 } // namespace zntms
