@@ -141,10 +141,12 @@ constexpr char const * kDefaultFormat = "%S";
 
 ZnString & ZnInt64::PrintToZnString(ZnString & out, char const * format) const {
   using namespace zntms;
+  if (!format || std::string_view(format) == kDefaultFormat)
+    return out << Get8b();
   constexpr unsigned int kLongestStep = 32; // a sign, a prefix and 22 digits
   TextBuffer text;
   ZnInt64 left = *this; // the first directive takes it all, further ones print 0
-  for (char const * at = format ? format : kDefaultFormat; *at; ++at) {
+  for (char const * at = format; *at; ++at) {
     if (text.Room() < kLongestStep)
       text.AppendTo(out);
     if (*at != '%') {
