@@ -184,9 +184,8 @@ public:
   /// Clears `block`, `low` and `high` and nothing else; gives 0.
   int SetNullValue();
 
-  // Each takes over the fields of its source and leaves the others.
+  // Each takes over the fields of its source and leaves the others; its own kind is copied whole.
 
-  ZnRef & operator=(ZnRef const & other) = default;
   ZnRef & operator=(ZnObjId const & object);
   ZnRef & operator=(ZnClassId const & classId);
   /// Sets `databaseId` to 0.
@@ -258,9 +257,8 @@ public:
   void ClassNumberSet(unsigned short number) { classNumber = number; }
   void ClassVersionSet(unsigned short version) { classVersion = version; }
 
-  // Each takes over the fields of its source and leaves the others.
+  // Each takes over the fields of its source and leaves the others; its own kind is copied whole.
 
-  ZnLocalRef & operator=(ZnLocalRef const & other) = default;
   ZnLocalRef & operator=(ZnRef const & ref);
   ZnLocalRef & operator=(ZnObjId const & object);
   ZnLocalRef & operator=(ZnClassId const & classId);
