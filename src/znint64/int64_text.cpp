@@ -56,6 +56,20 @@ void PrintNumber(TextBuffer & text, ZnInt64 number, Directive const & directive,
     text.Put(capitals && digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit);
 }
 
+/// A string without text takes the digits into a buffer of its own at once, if it is native or ISO
+/// 8859-1. That buffer is the smallest that an allocator gives out anyway; `capacity` is that of
+/// the text.
+ZnString & PrintDecimal(ZnString & out, __int64 number) {
+  constexpr std::size_t kMostBytes = 24; // 20 characters and a terminator
+  if (out.text || out.codeSet > 1)
+    return out << number;
+  out.text = new char[kMostBytes];
+  char * const end = std::to_chars(out.text, out.text + kMostBytes - 1, number).ptr;
+  *end = '\0';
+  out.capacity = static_cast<unsigned short>(end - out.text + 1);
+  return out;
+}
+
 constexpr unsigned int kNoDigit = 99;
 
 constexpr unsigned int DigitOf(char c) {
@@ -142,7 +156,7 @@ constexpr char const * kDefaultFormat = "%S";
 ZnString & ZnInt64::PrintToZnString(ZnString & out, char const * format) const {
   using namespace zntms;
   if (!format || std::string_view(format) == kDefaultFormat)
-    return out << Get8b();
+    return PrintDecimal(out, Get8b());
   constexpr unsigned int kLongestStep = 32; // a sign, a prefix and 22 digits
   TextBuffer text;
   ZnInt64 left = *this; // the first directive takes it all, further ones print 0
