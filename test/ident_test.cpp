@@ -119,7 +119,7 @@ TEST(Ident, AssignmentsTakeTheFieldsOfTheirSource) {
   EXPECT_EQ(ref.databaseId, 9);
   ZnLocalRef local;
   local = ref;
-  EXPECT_EQ(local == ZnLocalRef(40, 20, 10), 1);
+  EXPECT_EQ(local == (ZnLocalRef{40, 20, 10, 0, 0}), 1);
   EXPECT_EQ(local.classNumber, 70);
   ref = local;
   EXPECT_EQ(ref.databaseId, 0);
