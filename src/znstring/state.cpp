@@ -111,11 +111,3 @@ ZnString & NullPrintString() {
 }
 
 } // namespace zntms
-
-namespace {
-
-[[maybe_unused]] ZnString const & emptyAtLoad = ZnString::EmptyString();
-[[maybe_unused]] ZnString const & emptySubstringAtLoad = EmptySubstring();
-[[maybe_unused]] ZnString const & nullTextAtLoad = NullPrintString();
-
-} // namespace

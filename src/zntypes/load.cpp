@@ -1,5 +1,6 @@
 #include "znstring.h"
 #include "znstring/nulltext.h"
+#include "znstring/shared_text.h"
 #include "zntypes/static_text.h"
 
 /// What runs when the library is loaded, in its order.
@@ -21,6 +22,7 @@ namespace {
 struct Load {
   Load() {
     ZnString::EmptyString();
+    EmptySubstring();
     NullPrintString();
     ZeroText();
   }

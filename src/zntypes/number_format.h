@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 #include <string_view>
 
 /// The formats of numbers: the language of the C library's formatted print and scan, read here and
@@ -68,6 +69,13 @@ void PrintByFormat(PrintBuffer & out, char const * format, PrintArgument const *
 inline void PrintByFormat(PrintBuffer & out, char const * format, PrintArgument argument) {
   PrintByFormat(out, format, &argument, 1);
 }
+
+/// What a format prints that is nothing but one decimal conversion, such as "%ld".
+struct DecimalNumber {
+  std::uint64_t bits;
+  bool isSigned;
+};
+std::optional<DecimalNumber> ReadDecimalFormat(char const * format, PrintArgument const & argument);
 
 /// Where a scan stores a value, which needs no alignment.
 struct ScanTarget {

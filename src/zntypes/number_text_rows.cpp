@@ -31,10 +31,25 @@ Number ReadValue(void const * value) {
   return number;
 }
 
+/// Takes over a string that was made for it.
+ZnString & Take(ZnString & out, ZnString && text) {
+  out.Destruct(text);
+  return out;
+}
+
 ZnString & PrintOne(ZnString & out, char const * format, PrintArgument argument) {
   PrintBuffer text;
   PrintByFormat(text, format, argument);
   return out = text.CStr();
+}
+
+/// Most formats are a single decimal conversion, whose text a string makes by itself.
+ZnString & PrintInteger(ZnString & out, char const * format, PrintArgument argument) {
+  auto const number = ReadDecimalFormat(format, argument);
+  if (!number)
+    return PrintOne(out, format, argument);
+  return Take(out, number->isSigned ? ZnString(static_cast<long long>(number->bits))
+                                    : ZnString(static_cast<unsigned long long>(number->bits)));
 }
 
 void * ScanInteger(void * value, ZnString const & in, char const * format, unsigned char size) {
@@ -66,7 +81,7 @@ double ScanSplit(std::string_view text, char const * format) {
 
 ZnString & PrintDoubleOrFloat(ZnString & out, char const * format, double number) {
   if (IsExact(format))
-    return out = NumberText(number).CStr();
+    return Take(out, ZnString(number));
   if (IsSplit(format))
     return PrintSplit(out, format, number);
   return PrintOne(out, format, PrintArgument::Of(number));
@@ -123,15 +138,15 @@ void * CharScan(void * value, ZnString & in, char const * format, unsigned int c
 // ---- Integers -----------------------------------------------------------------------------------
 
 ZnString & ShortPrint(ZnString & out, void * value, char const * format, unsigned int) {
-  return PrintOne(out, format, PrintArgument::Of(int(ReadValue<short>(value))));
+  return PrintInteger(out, format, PrintArgument::Of(int(ReadValue<short>(value))));
 }
 
 ZnString & LongPrint(ZnString & out, void * value, char const * format, unsigned int) {
-  return PrintOne(out, format, PrintArgument::Of(ReadValue<int>(value)));
+  return PrintInteger(out, format, PrintArgument::Of(ReadValue<int>(value)));
 }
 
 ZnString & O_8BPrint(ZnString & out, void * value, char const * format, unsigned int) {
-  return PrintOne(out, format, PrintArgument::Of(ReadValue<long long>(value)));
+  return PrintInteger(out, format, PrintArgument::Of(ReadValue<long long>(value)));
 }
 
 void * ShortScan(void * value, ZnString & in, char const * format, unsigned int) {

@@ -54,16 +54,17 @@ void MakeUpper(char * first, char const * last) {
 
 // ---- Integers -----------------------------------------------------------------------------------
 
-/// The number that a conversion sees in the passed bytes, as magnitude and sign.
-std::uint64_t MagnitudeOf(Conversion const & conversion, PrintArgument const & argument,
-                          bool & negative) {
+constexpr bool IsSigned(Conversion const & conversion) {
+  return conversion.letter == 'd' || conversion.letter == 'i';
+}
+
+/// The number that a conversion sees in the passed bytes, widened to 64 bits.
+std::uint64_t BitsOf(Conversion const & conversion, PrintArgument const & argument) {
   unsigned int const unused = 64 - 8 * std::min(conversion.size, argument.size);
   std::uint64_t const bits = argument.bits << unused;
-  bool const isSigned = conversion.letter == 'd' || conversion.letter == 'i';
-  negative = isSigned && bits >> 63 != 0;
-  if (!negative)
-    return bits >> unused;
-  return 0 - static_cast<std::uint64_t>(static_cast<std::int64_t>(bits) >> unused);
+  return IsSigned(conversion)
+             ? static_cast<std::uint64_t>(static_cast<std::int64_t>(bits) >> unused)
+             : bits >> unused;
 }
 
 void AppendInteger(PrintBuffer & out, Conversion const & conversion,
@@ -77,8 +78,9 @@ void AppendInteger(PrintBuffer & out, Conversion const & conversion,
   }
   char const letter = conversion.letter;
   bool const hex = letter == 'x' || letter == 'X';
-  bool negative;
-  std::uint64_t const magnitude = MagnitudeOf(conversion, argument, negative);
+  std::uint64_t const bits = BitsOf(conversion, argument);
+  bool const negative = IsSigned(conversion) && bits >> 63 != 0;
+  std::uint64_t const magnitude = negative ? 0 - bits : bits;
   int const base = hex ? 16 : letter == 'o' ? 8 : 10;
   char text[24];
   char * const digits = text + 1; // behind the place of a sign
@@ -95,7 +97,7 @@ void AppendInteger(PrintBuffer & out, Conversion const & conversion,
   parts.digits = {digits, static_cast<std::size_t>(end - digits)};
   if (magnitude == 0 && conversion.precision == 0)
     parts.digits = {};
-  if (letter == 'd' || letter == 'i')
+  if (IsSigned(conversion))
     parts.prefix = SignPrefix(conversion, negative);
   else if (hex && conversion.alternate && magnitude != 0)
     parts.prefix = letter == 'X' ? "0X" : "0x";
@@ -230,6 +232,16 @@ void PrintByFormat(PrintBuffer & out, char const * format, PrintArgument const *
     ++used;
     format = behind;
   }
+}
+
+std::optional<DecimalNumber> ReadDecimalFormat(char const * format,
+                                               PrintArgument const & argument) {
+  Conversion conversion;
+  char const * const end = *format == '%' ? ReadPrintConversion(format + 1, conversion) : nullptr;
+  if (end == nullptr || *end != 0 || !conversion.IsPlain() ||
+      !(IsSigned(conversion) || conversion.letter == 'u'))
+    return std::nullopt;
+  return DecimalNumber{BitsOf(conversion, argument), IsSigned(conversion)};
 }
 
 } // namespace zntms
