@@ -5,11 +5,10 @@
 /// Worked example: `DayNumber(2000, 1, 1)` is 2451545, the Julian Day Number of that day, and
 /// `DateOfDayNumber(2451545)` gives the three fields back.
 ///
-/// Both directions are exact from day -32044 (1 March of year -4800) to the last day of year
-/// 32767. The direct way there is that of Neri and Schneider, "Euclidean affine functions and
-/// their application to calendar algorithms" (2022); fields outside of a calendar, such as a month
-/// of 13, go by the formulas of Fliegel and Van Flandern (1968), of which the direct way is a
-/// special case. No argument overflows.
+/// Both directions are exact and inverse for all dates of 16-bit years. They go the direct way of
+/// Neri and Schneider, "Euclidean affine functions and their application to calendar algorithms"
+/// (2022); months outside of a calendar go by the formula of Fliegel and Van Flandern (1968), of
+/// which the direct way is a special case from year -4800 on. No argument overflows.
 
 namespace zntms {
 
@@ -26,16 +25,20 @@ constexpr int DayNumberByFormula(int year, int month, int day) {
          3 * ((year + 4900 + a) / 100) / 4 + day - 32075;
 }
 
+/// Years count from 1 March of year -44800, a multiple of 400 years before all others.
+inline constexpr int kEraYear = 44800;
+inline constexpr int kEraDay = -32044 - 100 * 146097;
+
 constexpr int DayNumber(int year, int month, int day) {
   // A month of 13 counts from January of the same year.
-  if (static_cast<unsigned int>(month - 1) >= 13 || year <= -4800)
+  if (static_cast<unsigned int>(month - 1) >= 13)
     return DayNumberByFormula(year, month, day);
   bool const winter = month < 3;
-  auto const y = static_cast<unsigned int>(year + 4800 - winter);
+  auto const y = static_cast<unsigned int>(year + kEraYear - winter);
   auto const m = static_cast<unsigned int>(winter ? month + 12 : month);
   unsigned int const century = y / 100;
-  return static_cast<int>(1461 * y / 4 - century + century / 4 + ((979 * m - 2919) >> 5)) + day -
-         32045;
+  unsigned int const days = 1461 * y / 4 - century + century / 4 + ((979 * m - 2919) >> 5);
+  return static_cast<int>(days) + kEraDay - 1 + day;
 }
 
 /// The steps for any day number; sums wrap where the day lies outside of the calendar.
@@ -55,11 +58,10 @@ constexpr CalendarDate DateByFormula(int dayNumber) {
 }
 
 constexpr CalendarDate DateOfDayNumber(int dayNumber) {
-  constexpr int kFirst = -32044;
   constexpr int kLast = (1 << 29) - 68570;
-  if (dayNumber < kFirst || dayNumber > kLast)
+  if (dayNumber < kEraDay || dayNumber > kLast)
     return DateByFormula(dayNumber);
-  unsigned int const n1 = 4 * static_cast<unsigned int>(dayNumber - kFirst) + 3;
+  unsigned int const n1 = 4 * static_cast<unsigned int>(dayNumber - kEraDay) + 3;
   unsigned int const century = n1 / 146097;
   unsigned int const n2 = n1 % 146097 | 3;
   unsigned long long const p2 = 2939745ULL * n2;
@@ -68,7 +70,7 @@ constexpr CalendarDate DateOfDayNumber(int dayNumber) {
   bool const winter = dayOfYear >= 306;
   auto const year = static_cast<int>(100 * century + static_cast<unsigned int>(p2 >> 32));
   auto const month = static_cast<int>(n3 >> 16);
-  return {year + winter - 4800, winter ? month - 12 : month,
+  return {year + winter - kEraYear, winter ? month - 12 : month,
           static_cast<int>((n3 & 0xFFFF) / 2141 + 1)};
 }
 

@@ -15,7 +15,7 @@ enum ZnDaysOfTheWeek { Monday, Tuesday, Wednesday, Thursday, Friday, Saturday, S
 /// Fields are signed and never checked: `IsDate` is the test. Year 0 exists and comes before year
 /// 1. A field of -1 is a wildcard: in `Compare` it matches anything, and it prints as `*`. Null is
 /// the one value of `NullValue`. No operator looks for nulls, wildcards or bad fields. Day numbers
-/// are exact from 1 March of year -4800 on; results cut to a 16-bit year.
+/// are exact for all 16-bit years; a result outside of them is cut to 16 bits.
 class ZANTMS_EXPORT ZnDate {
 public:
   short year;
@@ -54,12 +54,18 @@ public:
   constexpr ZnDate operator+(int days) const { return ZnDate(*this) += days; }
   constexpr ZnDate operator-(int days) const { return ZnDate(*this) -= days; }
   constexpr ZnDate & operator+=(int days) {
+    // Every month has 28 days: within them a date need not go through its number.
+    unsigned int const moved = static_cast<unsigned int>(day - 1) + static_cast<unsigned int>(days);
+    if (moved < 28 && static_cast<unsigned int>(day - 1) < 28 &&
+        static_cast<unsigned int>(month - 1) < 12) {
+      day = static_cast<signed char>(moved + 1);
+      return *this;
+    }
     return dateabs(
         static_cast<int>(static_cast<unsigned int>(dayabs()) + static_cast<unsigned int>(days)));
   }
   constexpr ZnDate & operator-=(int days) {
-    return dateabs(
-        static_cast<int>(static_cast<unsigned int>(dayabs()) - static_cast<unsigned int>(days)));
+    return *this += static_cast<int>(0U - static_cast<unsigned int>(days));
   }
   /// Days from the other date to this one.
   constexpr int operator-(ZnDate const & other) const { return dayabs() - other.dayabs(); }
@@ -117,7 +123,7 @@ public:
   static ZnDate const & DefaultValue(); ///< day number 0
   static ZnDate const & ZeroValue();    ///< 1 January of year 0
   static ZnDate const & ClearValue();   ///< all fields 0; not a date
-  int IsNullValue() const { return *this == NullValue(); }
+  constexpr int IsNullValue() const { return *this == ZnDate(-32768, -128, -128); }
   int IsDefaultValue() const { return *this == DefaultValue(); }
   int IsZeroValue() const { return *this == ZeroValue(); }
   /// The setters give 0.
@@ -222,7 +228,7 @@ public:
   static ZnTime const & DefaultValue(); ///< 00:00:00, as the next two
   static ZnTime const & ZeroValue();
   static ZnTime const & ClearValue();
-  int IsNullValue() const { return *this == NullValue(); }
+  constexpr int IsNullValue() const { return *this == ZnTime(-128, -128, -128); }
   int IsDefaultValue() const { return *this == DefaultValue(); }
   int IsZeroValue() const { return *this == ZeroValue(); }
   int SetNullValue() { return *this = NullValue(), 0; }

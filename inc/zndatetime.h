@@ -74,7 +74,7 @@ public:
   static ZnDateTime const & DefaultValue();
   static ZnDateTime const & ZeroValue();
   static ZnDateTime const & ClearValue();
-  int IsNullValue() const { return date.IsNullValue() && time.IsNullValue(); }
+  constexpr int IsNullValue() const { return date.IsNullValue() && time.IsNullValue(); }
   /// Looks at the date alone.
   int IsDefaultValue() const { return date.IsDefaultValue(); }
   int IsZeroValue() const { return Compare(ZeroValue()) == 0; }

@@ -118,7 +118,7 @@ public:
   static ZnDateTimeN const & DefaultValue();
   static ZnDateTimeN const & ZeroValue();
   static ZnDateTimeN const & ClearValue();
-  int IsNullValue() const { return *this == NullValue(); }
+  constexpr int IsNullValue() const { return *this == ZnDateTimeN(); }
   int IsDefaultValue() const { return *this == DefaultValue(); }
   int IsZeroValue() const { return *this == ZeroValue(); }
   int SetNullValue() { return *this = NullValue(), 0; }
@@ -167,12 +167,12 @@ public:
   constexpr ZnTimeSpan(ZnTimeSpan const &) = default;
   constexpr ZnTimeSpan & operator=(ZnTimeSpan const &) = default;
 
-  constexpr int GetYears() const { return year; }
-  constexpr int GetMonths() const { return month; }
-  constexpr int GetDays() const { return day; }
-  constexpr int GetHours() const { return hour; }
-  constexpr int GetMinutes() const { return minute; }
-  constexpr int GetSeconds() const { return second; }
+  constexpr int GetYear() const { return year; }
+  constexpr int GetMonth() const { return month; }
+  constexpr int GetDay() const { return day; }
+  constexpr int GetHour() const { return hour; }
+  constexpr int GetMinute() const { return minute; }
+  constexpr int GetSecond() const { return second; }
   constexpr int GetNanoSeconds() const { return nanoseconds; }
   constexpr void SetYears(int years) { year = static_cast<short>(years); }
   constexpr void SetMonths(int months) { month = static_cast<signed char>(months); }
@@ -232,7 +232,7 @@ public:
   static ZnTimeSpan const & DefaultValue();
   static ZnTimeSpan const & ZeroValue();
   static ZnTimeSpan const & ClearValue();
-  int IsNullValue() const { return *this == NullValue(); }
+  constexpr int IsNullValue() const { return *this == ZnTimeSpan(); }
   int IsDefaultValue() const { return *this == DefaultValue(); }
   int IsZeroValue() const { return *this == ZeroValue(); }
   int SetNullValue() { return *this = NullValue(), 0; }

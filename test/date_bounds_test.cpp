@@ -193,8 +193,9 @@ TEST(DateBounds, WildcardsWiden) {
     EXPECT_EQ(out.highCondition, c.condition);
     // Keys that are there stay, whatever the constant holds.
     Mgr().EvalAndBound(c.id, nullptr, op = 1, Bytes(11, 0xFF).data(), 2, 1, &out, nullptr);
-    if (!c.low.empty())
+    if (!c.low.empty()) {
       EXPECT_EQ(out.Low(), c.low);
+    }
     EXPECT_EQ(out.High(), c.high);
   }
 }

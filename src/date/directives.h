@@ -15,6 +15,8 @@ enum FieldPlace : unsigned char { kYear, kMonth, kDay, kHour, kMinute, kSecond, 
 inline constexpr unsigned int kFieldCount = 7;
 
 enum class Kind : unsigned char {
+  End,       ///< there is no character
+  Optional,  ///< a question mark before the directive
   Text,      ///< the character itself; also the percent sign
   Two,       ///< a number of two digits
   Year,      ///< of four digits
@@ -45,7 +47,9 @@ struct DirectiveTable {
       char directive;
       Directive meaning;
     };
-    constexpr Entry kEntries[] = {{'Y', {Kind::Year, kYear}},
+    constexpr Entry kEntries[] = {{0, {Kind::End, kYear}},
+                                  {'?', {Kind::Optional, kYear}},
+                                  {'Y', {Kind::Year, kYear}},
                                   {'y', {Kind::ShortYear, kYear}},
                                   {'m', {Kind::Two, kMonth}},
                                   {'b', {Kind::MonthName, kMonth}},
@@ -78,6 +82,11 @@ struct DirectiveTable {
 inline constexpr DirectiveTable kDirectives;
 
 inline Directive DirectiveOf(char c) { return kDirectives.at[static_cast<unsigned char>(c)]; }
+
+/// Behind one question mark a second one is a character like any other.
+inline Directive DirectiveOfOptional(char c) {
+  return c == '?' ? Directive{Kind::Text, kYear} : DirectiveOf(c);
+}
 
 struct Name {
   char const * text;

@@ -234,16 +234,18 @@ char * Printer::Run(char * out, char * limit) {
       }
       continue;
     }
-    bool const optional = *p == '?';
-    if (optional && *++p == '(') {
-      group = out;
-      ++p;
+    Directive directive = DirectiveOf(*p);
+    bool const optional = directive.kind == Kind::Optional;
+    if (optional) {
+      if (*++p == '(') {
+        group = out;
+        ++p;
+      }
+      directive = DirectiveOfOptional(*p);
     }
-    char const name = *p;
-    if (name == 0)
+    if (directive.kind == Kind::End)
       continue;
-    ++p;
-    Directive const directive = DirectiveOf(name);
+    char const name = *p++;
     // Most directives are numbers of two digits.
     auto const number = static_cast<unsigned int>(field_[directive.field]);
     if (directive.kind == Kind::Two && number < 100 && (!optional || printed || number != 0)) {
@@ -271,13 +273,30 @@ unsigned int zntms::PrintFields(char * buffer, ZnDateTimeN const & value, char c
   return static_cast<unsigned int>(end - buffer);
 }
 
+namespace {
+
+/// As the assignment of a text; over a text of the same length it is written in place.
+void Assign(ZnString & target, char const * text, unsigned int length) {
+  if (target.text == nullptr || target.capacity != length + 1 ||
+      target.codeSet != ZnString::GetDefault8CodeSet()) {
+    target = text;
+    return;
+  }
+  std::memcpy(target.text, text, length + 1);
+  target.language = ZnString::GetDefaultLanguage();
+}
+
+} // namespace
+
 ZnString & PrintDateTime(ZnString & target, ZnDateTimeN const & value, char const * format,
                          unsigned int) {
   if (value.IsNullValue())
     return target = NullPrintString();
   char buffer[kPrintBytes + kDirectiveBytes];
-  PrintFields(buffer, value, format != nullptr ? format : kDateTimeNFormat);
-  return target = buffer;
+  unsigned int const length =
+      PrintFields(buffer, value, format != nullptr ? format : kDateTimeNFormat);
+  Assign(target, buffer, length);
+  return target;
 }
 
 // The classes print through the same engine, with the fields that they do not have at 0.
@@ -309,9 +328,9 @@ void ZnDateTime::PrintToZnString(ZnString & out, char const * format) const {
 }
 
 void ZnDateTimeN::PrintToZnString(ZnString & out, char const * format) const {
-  PrintValue(out, *this, *this, format, kDateTimeNFormat);
+  PrintDateTime(out, *this, format, 1);
 }
 
 void ZnTimeSpan::PrintToZnString(ZnString & out, char const * format) const {
-  PrintValue(out, *this, AsDateTimeN(), format, kTimeSpanFormat);
+  PrintDateTime(out, AsDateTimeN(), format != nullptr ? format : kTimeSpanFormat, 1);
 }

@@ -224,6 +224,10 @@ bool Scanner::Run(char const * format) {
   char const * in = in_;       // a member would be written back at every step
   for (char const * p = format;;) {
     char const c = *p++;
+    if (c > ' ' && in != end_ && *in == c && c != '%' && c != ')') {
+      ++in; // what most literals meet
+      continue;
+    }
     if (IsSpace(c))
       continue;
     while (in != end_ && IsSpace(*in))
@@ -241,17 +245,19 @@ bool Scanner::Run(char const * format) {
       }
       continue;
     }
-    if (*p == '?' && *++p == '(') {
-      group = true;
-      ++p;
+    Directive directive = DirectiveOf(*p);
+    if (directive.kind == Kind::Optional) {
+      if (*++p == '(') {
+        group = true;
+        ++p;
+      }
+      directive = DirectiveOfOptional(*p);
     }
-    char const name = *p;
-    if (name == 0)
+    if (directive.kind == Kind::End)
       continue;
-    ++p;
+    char const name = *p++;
     if (in == end_)
       return false;
-    Directive const directive = DirectiveOf(name);
     if (IsInteger(directive.kind) && IsDigit(*in)) {
       field_[directive.field] = static_cast<int>(Digits(in, end_));
       continue;

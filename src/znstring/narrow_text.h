@@ -39,7 +39,11 @@ private:
 /// Tells whether a text begins with the null print string, byte by byte over the length of that.
 /// An empty null print string begins every text.
 inline bool BeginsWithNullText(std::string_view text) {
-  return text.starts_with(NarrowText(NullPrintString()).View());
+  ZnString const & null = NullPrintString();
+  // Most texts differ in their first character.
+  if (null.codeSet <= 224 && null.text && !text.empty() && *null.text != text.front())
+    return *null.text == 0;
+  return text.starts_with(NarrowText(null).View());
 }
 
 } // namespace zntms
