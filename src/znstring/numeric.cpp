@@ -1,11 +1,12 @@
 #include "zanin.h"
+#include "znchar.h"
 #include "znoptions.h"
 #include "znstring.h"
 #include "znstring/number_read.h"
 #include "znstring/number_text.h"
 #include "znstring/units.h"
 
-/// Numbers read from strings.
+/// Numbers read from strings: casts, and the reads that tell whether there was a number.
 
 using namespace zntms;
 
@@ -26,6 +27,17 @@ Number Read(ZnString const & s, int base) {
 
 int CastBase() { return (___ZnTypeMgrOptions() & 1) != 0 ? kDecimal : kByPrefix; }
 
+/// The same for text that begins like a number.
+template <class Number>
+int ReadChecked(ZnString const & s, Number & out, int base) {
+  out = 0;
+  ZnChar const first(s.StrGet(), s.codeSet, s.language, 1);
+  if (!first.IsDigit() && !(first == '-'))
+    return -1;
+  out = Read<Number>(s, base);
+  return 0;
+}
+
 } // namespace
 
 ZnString::operator short() const { return static_cast<short>(Read<int>(*this, CastBase())); }
@@ -41,3 +53,8 @@ ZnString::operator double() const {
   narrow += *this;
   return ScanDouble({narrow.text, narrow.Len()});
 }
+
+int ZnString::Atol(int & out) const { return ReadChecked(*this, out, kDecimal); }
+int ZnString::Atoll(long long & out) const { return ReadChecked(*this, out, kDecimal); }
+int ZnString::Strtol(int & out) const { return ReadChecked(*this, out, kByPrefix); }
+int ZnString::Strtoll(long long & out) const { return ReadChecked(*this, out, kByPrefix); }

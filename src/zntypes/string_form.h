@@ -20,11 +20,12 @@
 
 namespace zntms {
 
-constexpr unsigned char kOrderText = 254;
-constexpr unsigned char kMixedClass = 0x80; ///< in the class of a key: the text changed its class
-constexpr unsigned int kLengthField = 2;
-constexpr unsigned int kStringHead = 4;    ///< length, code set, language
-constexpr unsigned int kStringEndMark = 2; ///< 00 FF in either byte order
+inline constexpr unsigned char kOrderText = 254;
+inline constexpr unsigned char kMixedClass =
+    0x80; ///< in the class of a key: the text changed its class
+inline constexpr unsigned int kLengthField = 2;
+inline constexpr unsigned int kStringHead = 4;    ///< length, code set, language
+inline constexpr unsigned int kStringEndMark = 2; ///< 00 FF in either byte order
 
 constexpr bool IsKeyFormat(unsigned char format) { return (format & ZnFormatIndexKey) != 0; }
 

@@ -4,6 +4,8 @@
 #include "zntypes/class_box.h"
 #include "zntypes/empty_rows.h"
 #include "zntypes/istring_rows.h"
+#include "zntypes/string_storage.h"
+#include "zntypes/string_text.h"
 #include "zntypevl/istring_query.h"
 #include "zntypevl/string_query.h"
 
@@ -12,20 +14,20 @@
 namespace zntms {
 
 // ZnString
-inline constexpr RowText kStringText = EmptyText("%s");
+inline constexpr RowText kStringText = {"%s", &StringPrint, &StringScan};
 inline constexpr RowLife kStringLife = kClassLife<ZnString>;
-inline constexpr RowStorage kStringStorage = kEmptyStorage;
+inline constexpr RowStorage kStringStorage = kNewStringStorage;
 inline constexpr RowQuery kStringQuery = {&StringCompare, &EmptyBound, &StringHash};
-inline constexpr RowBox kStringBox = kEmptyBox;
-inline constexpr RowNull kStringNull = kEmptyNull;
+inline constexpr RowBox kStringBox = kClassBox<StringInBox>;
+inline constexpr RowNull kStringNull = kClassNull<ZnString>;
 inline constexpr ZnTypeRow::StepFunc kStringStep = &NoStep;
 
 // ZnString in the one-length form of old data; shares text, life and box with the row above
-inline constexpr RowText kOldStringText = EmptyText("%s");
-inline constexpr RowLife kOldStringLife = kStringLife;
-inline constexpr RowStorage kOldStringStorage = kEmptyStorage;
+inline constexpr RowText kOldStringText = {"%s", &StringPrint, &StringScan};
+inline constexpr RowLife kOldStringLife = kClassLife<ZnString>;
+inline constexpr RowStorage kOldStringStorage = kOneLengthStorage;
 inline constexpr RowQuery kOldStringQuery = {&OldStringCompare, &EmptyBound, &OldStringHash};
-inline constexpr RowBox kOldStringBox = kEmptyBox;
+inline constexpr RowBox kOldStringBox = kClassBox<StringInBox>;
 inline constexpr ZnTypeRow::StepFunc kOldStringStep = &NoStep;
 
 // ZnIString
