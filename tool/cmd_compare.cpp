@@ -1,6 +1,9 @@
 #include "commands.h"
+#include "failure.h"
+#include "order_picture.h"
 #include "output.h"
 #include "reader.h"
+#include "text.h"
 #include "text_options.h"
 
 #include <CLI/CLI.hpp>
@@ -15,12 +18,24 @@ namespace {
 
 struct Arguments {
   std::string type, a, b, format;
-  bool literal = false;
+  bool literal = false, explain = false;
   LabelOptions labels;
   IgnoreOptions ignore;
 };
 
 char Sign(int order) { return order < 0 ? '<' : order > 0 ? '>' : '='; }
+
+/// Tells the units of both texts and what each level of the comparison says, with wildcards as
+/// they stand.
+void Explain(Value const & a, Value const & b, unsigned short flags) {
+  ZnString textA = ZnStringOf(a.Print()), textB = ZnStringOf(b.Print());
+  std::string picture =
+      "first\n" + UnitTable(textA, "  ") + "second\n" + UnitTable(textB, "  ") + "levels\n";
+  for (LevelResult const & level : LevelsOf(textA, textB, flags))
+    picture += std::string("  ") + (level.reached ? Sign(level.order) : ' ') + "  " + level.level +
+               (level.reached ? "\n" : ": not reached\n");
+  Write(picture);
+}
 
 void Run(Arguments const & arguments) {
   char id = TypeByName(arguments.type);
@@ -32,6 +47,12 @@ void Run(Arguments const & arguments) {
   if (arguments.literal)
     flags |= ZnCmpNoWildcards;
   Write(std::string(1, Sign(a.Compare(b, flags))) + "\n");
+  if (!arguments.explain)
+    return;
+  if (!reader.ReadsAnyText())
+    throw Failure(ExitUsage,
+                  "--explain tells how texts compare; " + arguments.type + " is no type of texts");
+  Explain(a, b, arguments.ignore.Flags());
 }
 
 } // namespace
@@ -45,11 +66,13 @@ void AddCompare(CLI::App & app) {
       ->required();
   command->add_option("--format", arguments->format, "Scan by this format, not by the type's own");
   command->add_flag("-l,--literal", arguments->literal, "Take wildcards in B as they stand");
+  command->add_flag("--explain", arguments->explain,
+                    "Show the units of two texts, and how they compare level by level");
   AddLabelOptions(*command, arguments->labels);
   AddIgnoreOptions(*command, arguments->ignore);
   command->footer("Examples:\n  zantm compare int 9 10\n  zantm compare o_char a b\n"
                   "  zantm compare ZnString Ulm 'U*'\n"
-                  "  zantm compare int -- -5 -7");
+                  "  zantm compare ZnString --explain résumé Resume\n  zantm compare int -- -5 -7");
   command->callback([arguments] {
     arguments->labels.Apply();
     Run(*arguments);

@@ -26,10 +26,11 @@ RowNumber RowOfEntry(MDB_val const & entry) {
 /// LMDB hands its comparators no context, so each type id has a function of its own.
 template <char Type>
 int CompareEntries(MDB_val const * a, MDB_val const * b) {
+  static ZnTypeCmpFunc const compare = Manager().CmpFuncPtrGet(Type);
   int error = 0;
-  int order = Manager().CmpFuncPtrGet(Type)(
-      kKeyFormat, static_cast<unsigned int>(a->mv_size - kRowBytes), a->mv_data,
-      static_cast<unsigned int>(b->mv_size - kRowBytes), b->mv_data, ZnCmpNoWildcards, 1, error);
+  int order = compare(kKeyFormat, static_cast<unsigned int>(a->mv_size - kRowBytes), a->mv_data,
+                      static_cast<unsigned int>(b->mv_size - kRowBytes), b->mv_data,
+                      ZnCmpNoWildcards, 1, error);
   if (order != 0)
     return order;
   RowNumber rowA = RowOfEntry(*a), rowB = RowOfEntry(*b);

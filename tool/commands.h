@@ -17,6 +17,7 @@ void AddCompare(CLI::App & app);
 void AddLoad(CLI::App & app);
 void AddQuery(CLI::App & app);
 void AddMatch(CLI::App & app);
+void AddOrder(CLI::App & app);
 void AddLanguages(CLI::App & app);
 void AddCodeSets(CLI::App & app);
 

@@ -51,6 +51,7 @@ int main(int argc, char ** argv) {
   zantm::AddLoad(app);
   zantm::AddQuery(app);
   zantm::AddMatch(app);
+  zantm::AddOrder(app);
   zantm::AddLanguages(app);
   zantm::AddCodeSets(app);
 
