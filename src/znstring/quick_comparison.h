@@ -50,7 +50,7 @@ inline bool DecideAtFirstDifference(OrderPages pages, unsigned int relevantTrait
   unsigned int characters = c | d;
   for (int back = i - 1; back >= 0 && back > i - static_cast<int>(kLongestContraction); --back) {
     unsigned short const before = ReadCharacter<Width>(a + back * Width);
-    if (Width == 2 && MayRepeat(before, pages[before >> 8][before & 255]))
+    if (MayRepeat<Width>(before, pages[before >> 8][before & 255]))
       return false;
     traits |= shortcut(before);
     characters |= before;
