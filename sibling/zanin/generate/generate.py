@@ -6,6 +6,8 @@
                            composed letter reads otherwise than its canonical equivalents
     generate.py --compare REVISION
                            tells in words what moved since a revision of the repository
+    generate.py --count LANGUAGE FILE
+                           tells how many words of a list meet what the form cannot carry
 
 Needs Python 3 and Debian's packages unicode-data and unicode-cldr-core. The output depends on
 them and on these sources alone.
@@ -83,7 +85,18 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split('\n')[0])
     parser.add_argument('--check', action='store_true')
     parser.add_argument('--compare', metavar='REVISION')
+    parser.add_argument('--count', nargs=2, metavar=('LANGUAGE', 'FILE'))
     arguments = parser.parse_args()
+    if arguments.count:
+        with open(arguments.count[1], 'rb') as file:
+            content = file.read()
+        try:
+            text = content.decode('utf-8')
+        except UnicodeDecodeError:
+            text = content.decode('iso8859-1')
+        words = sorted(set(text.split('\n')) - {''})
+        print('\n'.join(state.count(state.of_directory(TARGET), arguments.count[0], words)))
+        return 0
     if arguments.compare:
         old, new = state.of_revision(TARGET, arguments.compare), state.of_directory(TARGET)
         print('\n'.join(state.report(old, new, ucd.load())))

@@ -174,3 +174,26 @@ def report(old, new, data, show=20):
         lines.append(f'{kind[0]}: {kinds[kind]} with another {kind[1]}')
         lines += examples[kind][:show]
     return lines or ['nothing moved']
+
+
+# ---- What real text meets
+
+def count(state, tag, words):
+    """Lines that tell how many words of a language meet what the form cannot carry."""
+    language = next(number for number, name in state.tags.items() if name == tag)
+    counts, readings = collections.Counter(), collections.defaultdict(list)
+    for word in words:
+        text = [ord(c) for c in word if ord(c) <= 0xFFFF]
+        reading = tuple(state.read(text, language))
+        readings[reading].append(word)
+        orders = [o for number, some in reading for o in some if number != 20]
+        counts['a character beyond 16 bits'] += len(text) < len(word)
+        counts['a character without entry'] += any(number == 20 for number, _ in reading)
+        counts['marks without a value of their own (31)'] += any(
+            0x4000 <= o < 0x8000 and o >> 7 & 31 == 31 for o in orders)
+        counts['a mark without letter'] += any(80 < o < 112 for o in orders)
+    same = [some for some in readings.values() if len(some) > 1]
+    counts['the same order as another word'] += sum(len(some) for some in same)
+    return [f'{tag}: {len(words)} words'] + \
+        [f'  {counts[kind]} with {kind}' for kind in sorted(counts)] + \
+        ['  equal: ' + ' '.join(some) for some in same[:5]]
