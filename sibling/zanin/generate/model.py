@@ -44,12 +44,13 @@ ARABIC_MARKS = [0x64B, 0x64C, 0x64D, 0x64E, 0x64F, 0x650, 0x651, 0x652, 0x670]
 # the letters of the first alphabet. Marks of Indic scripts contract where a form is composed.
 NO_GENERIC = {1: {0x335, 0x336, 0x338, 0x30F, 0x311, 0x324, 0x325, 0x32D, 0x32E, 0x330},
               3: set(LATIN_MARKS) - {0x300, 0x301, 0x302, 0x303, 0x304, 0x306, 0x308, 0x30B}}
-NEW_LETTER_MARKS = {0x300, 0x301, 0x302, 0x303, 0x304, 0x30C}  # on letters beside A to Z and on those of a tailoring
+# Those on letters of Latin beside A to Z, and on the letters that a tailoring makes.
+NEW_LETTER_MARKS = {0x300, 0x301, 0x302, 0x303, 0x304, 0x30C}
 THAI_LAO_MARKS = {0xE48, 0xE49, 0xE4A, 0xE4B, 0xE4C, 0xEC8, 0xEC9, 0xECA, 0xECB, 0xECC}
 GENERIC_CLASSES = {1, 2, 3, 6, 7, 18, 19}
 GENERIC_ARABIC = range(0x621, 0x64B)
 
-SPACE, DIGIT, LETTER = 1, 16128, 16384
+DIGIT, LETTER = 16128, 16384
 IGNORED = 13       # "undefined ordering indicator": controls and other characters without weight
 LONE_MARK = 80     # a mark without letter is the symbol 80 + its diacritic value
 FIRST_SYMBOL = 256

@@ -6,9 +6,7 @@ numbered in the order in which they are met, beginning with 1: place 0 is null.
 
 import codesets
 import languages
-import trie
 
-UNICODE = 253
 NULL_PAGE = (0,) * 256
 # Traits of `ZnPlainOrder`.
 HAS_VARIANTS, MARKS, CONTRACTS, HAS_EXPANSION, NO_ENTRY = 1, 2, 4, 8, 16

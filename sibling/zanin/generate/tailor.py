@@ -6,15 +6,14 @@ new secondary behind the anchor's, which takes a diacritic value; `<<<` keeps bo
 only, or takes a diacritic value too if the text is no case form of its anchor (`aa` behind the
 a with ring of Danish); `=` keeps everything.
 
-Worked example: `&[before 1]<A><a-ring>...` of Swedish makes a primary in front of the click letters,
-that is behind z and its variants; `assign_slots` gives it a free slot there, so that the letters of
+Worked example: Swedish puts the a with ring in front of the first click letter (`[before 1]`), that
+is, a new primary behind z and its variants; `assign_slots` gives it a free slot there, so that the letters of
 the alphabet keep theirs. Only the characters whose entries come out different get variants.
 
 What the form cannot carry is left out and told by `Language.left_out`: upper case first, the
 order of scripts, places among the symbols.
 """
 
-import copy
 import os
 import re
 import xml.etree.ElementTree as ElementTree

@@ -9,7 +9,6 @@ Only the Basic Multilingual Plane is read: a character of code set 253 is one 16
 import functools
 import glob
 import html
-import os
 import re
 
 UCD = '/usr/share/unicode'
