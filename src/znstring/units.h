@@ -35,6 +35,12 @@ inline void WriteChar(char * place, unsigned int width, unsigned short c) {
     *place = static_cast<char>(c);
 }
 
+/// Zeros in an area, which may be null if it is empty.
+inline void ClearArea(void * area, std::size_t bytes) {
+  if (bytes != 0)
+    std::memset(area, 0, bytes);
+}
+
 /// Characters up to the terminator.
 inline unsigned int TextLength(char const * text, unsigned int width) {
   if (width == 1)

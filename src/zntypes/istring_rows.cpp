@@ -7,6 +7,7 @@
 #include "znstring/edit.h"
 #include "znstring/istring_form.h"
 #include "znstring/narrow_text.h"
+#include "znstring/units.h"
 #include "zntypes/text_format.h"
 #include "zntypes/translate.h"
 
@@ -106,6 +107,8 @@ unsigned int TranslateToKey(void * dst, unsigned char dstFormat, unsigned int ds
                             Weights const & weights) {
   if ((dstFormat & 15) > 7)
     return 0;
+  if (srcLength < kIStringHead)
+    return TranslateStored(dst, dstLength, src, srcLength);
   IStringForm const form(src, srcLength, srcFormat);
   if (form.InWeights())
     return TranslateStored(dst, dstLength, src, srcLength);
@@ -179,7 +182,7 @@ unsigned int IStringRow<collation>::Translate(void * dst, unsigned char dstForma
     return TranslateToKey(dst, dstFormat, dstLength, src, srcFormat, srcLength,
                           WeightsOf(collation));
   if (IsKeyFormat(dstFormat)) {
-    std::memset(dst, 0, dstLength);
+    ClearArea(dst, dstLength);
     unsigned int const weights =
         PutKey(dst, dstLength, kKeyMark, dstFormat, WeightsOf(collation), values[0].StrGet(), 1);
     return std::min(weights + 1 + kIStringHead, dstLength);
@@ -187,7 +190,7 @@ unsigned int IStringRow<collation>::Translate(void * dst, unsigned char dstForma
   if (!IsMemoryForm(dstFormat) && !IsMemoryForm(srcFormat))
     return TranslateStored(dst, dstLength, src, srcLength);
   if (!IsMemoryForm(dstFormat)) {
-    std::memset(dst, 0, dstLength);
+    ClearArea(dst, dstLength);
     return StoreTexts(dst, dstLength, ZnCollationMark::Stored, values, dstFormat, count);
   }
   if (!IsMemoryForm(srcFormat))

@@ -87,20 +87,21 @@ bool KeepsUnicode() {
 /// As `StringStore`, within an area that is cleared before.
 unsigned int StoreWithin(void * dst, unsigned int dstLength, void const * src, unsigned char format,
                          unsigned int count) {
-  std::memset(dst, 0, dstLength);
+  ClearArea(dst, dstLength);
   unsigned int const size = StringSizeGet(src, ZnFormatMemory, format & 15, count);
   if (size <= dstLength)
     return StringStore(dst, src, format & 15, count);
   std::unique_ptr<char[]> const whole(new char[size]);
   StringStore(whole.get(), src, format & 15, count);
-  std::memcpy(dst, whole.get(), dstLength);
+  if (dstLength != 0)
+    std::memcpy(dst, whole.get(), dstLength);
   return dstLength;
 }
 
 /// An element of the new form from one of the old.
 unsigned int RenewOld(char * dst, unsigned char dstFormat, unsigned int dstLength,
                       StringForm const & old, unsigned int srcLength) {
-  std::memset(dst, 0, dstLength);
+  ClearArea(dst, dstLength);
   if (dstLength < kStringHead)
     return dstLength;
   WriteLength(dst, old.length + 3, dstFormat);
@@ -163,7 +164,8 @@ public:
       heap_.reset(new char[form.textBytes + 2]);
       text = copy = heap_.get();
     }
-    std::memcpy(copy, form.text, form.textBytes);
+    if (form.textBytes != 0)
+      std::memcpy(copy, form.text, form.textBytes);
     unsigned int const odd = form.textBytes % WidthOf(form.codeSet);
     copy[form.textBytes - odd] = copy[form.textBytes - odd + 1] = 0;
   }
@@ -293,20 +295,23 @@ unsigned int ZnOldStringTranslate(void * dst, unsigned char dstFormat, unsigned 
   }
   auto * const out = static_cast<char *>(dst);
   if (IsMemoryForm(srcFormat)) {
-    std::memset(dst, 0, dstLength);
+    ClearArea(dst, dstLength);
     unsigned int const size = ZnOldStringSizeGet(src, ZnFormatMemory, dstFormat, count);
     if (size <= dstLength)
       return ZnOldStringStore(dst, src, dstFormat, count);
     std::unique_ptr<char[]> const whole(new char[size]);
     ZnOldStringStore(whole.get(), src, dstFormat, count);
-    std::memcpy(dst, whole.get(), dstLength);
+    if (dstLength != 0)
+      std::memcpy(dst, whole.get(), dstLength);
     return dstLength;
   }
   // Of a new element what the old form has no place for is left out: code set, language and the
   // last byte of the end mark.
+  if (srcLength < kLengthField)
+    return TranslateStored(dst, dstLength, src, srcLength);
   auto const * text = static_cast<char const *>(src) + kLengthField;
-  unsigned int length = srcLength >= kLengthField ? ReadLength(text - kLengthField, srcFormat) : 0;
-  unsigned int room = std::max(srcLength, kLengthField) - kLengthField;
+  unsigned int length = ReadLength(text - kLengthField, srcFormat);
+  unsigned int room = srcLength - kLengthField;
   if (length >= 3 && length <= room && static_cast<unsigned char>(text[length - 1]) > 254) {
     length -= 3;
     room -= 3;
@@ -314,7 +319,7 @@ unsigned int ZnOldStringTranslate(void * dst, unsigned char dstFormat, unsigned 
   }
   unsigned int const size = std::min(room + kLengthField, dstLength);
   if (size < dstLength)
-    std::memset(dst, 0, dstLength);
+    ClearArea(dst, dstLength);
   if (size < kLengthField)
     return size;
   std::memmove(out + kLengthField, text, size - kLengthField);
