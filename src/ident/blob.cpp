@@ -4,7 +4,6 @@
 #include "znstring/number_text.h"
 #include "zanbs.h"
 
-
 #include <algorithm>
 #include <cassert>
 #include <charconv>
