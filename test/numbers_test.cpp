@@ -1,3 +1,4 @@
+#include "zanin.h"
 #include "zantms.h"
 
 #include <gtest/gtest.h>
@@ -32,6 +33,15 @@ Lines Actual() {
   for (int id = 0; id < 47; ++id)
     lines.insert("type " + std::to_string(id) + ' ' + mgr.NameGet(static_cast<char>(id)) + ' ' +
                  mgr.TypeIdNameGet(static_cast<char>(id)));
+  for (int id = 1; id < 255; ++id) {
+    if (ZnLanguageContext::HasCodeSet(static_cast<unsigned char>(id)))
+      lines.insert("codeset " + std::to_string(id) + ' ' +
+                   ZnLanguageContext::QueryCodeSet(static_cast<unsigned char>(id))->name);
+  }
+  for (int id = 0; id < 256; ++id) {
+    if (auto const * language = ZnLanguageContext::QueryLanguage(static_cast<unsigned char>(id)))
+      lines.insert("language " + std::to_string(id) + ' ' + language->tag);
+  }
   return lines;
 }
 
