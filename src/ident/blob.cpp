@@ -1,8 +1,8 @@
 #include "znblob.h"
 
 #include "ident/byte_search.h"
-#include "znstring/number_text.h"
 #include "zanbs.h"
+#include "znstring/number_text.h"
 
 #include <algorithm>
 #include <cassert>
