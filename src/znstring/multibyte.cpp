@@ -205,24 +205,38 @@ struct Encoded {
   std::size_t bytes; ///< their bytes
 };
 
+/// Writes a unit of three bytes, and a byte more.
+void EncodeThreeInFour(char * out, unsigned int unit) {
+  std::uint32_t const four = 0x008080E0 | unit >> 12 | (unit & 0xFC0) << 2 | (unit & 0x3F) << 16;
+  std::memcpy(out, &four, sizeof four);
+}
+
 template <class Units>
 Encoded Encode(Units const & units, std::size_t length, char * out, std::size_t room) {
   std::size_t i = 0;
   std::size_t bytes = 0;
-  while (i < length) {
-    while (length - i >= 8 && room - bytes >= 8 && units.EightAscii(i, out + bytes)) {
-      i += 8;
-      bytes += 8;
+  while (i < length && bytes < room) {
+    unsigned int unit = units[i];
+    if (unit <= ZnUtf8Table[0].max) {
+      for (; length - i >= 8 && room - bytes >= 8 && units.EightAscii(i, out + bytes); i += 8)
+        bytes += 8;
+      for (; i < length && bytes < room && (unit = units[i]) <= ZnUtf8Table[0].max; ++i)
+        out[bytes++] = static_cast<char>(unit);
+      continue;
     }
-    // A few units one by one, then look for a run again.
-    for (std::size_t const stop = std::min(length, i + 8); i < stop; ++i) {
-      unsigned int const unit = units[i];
-      unsigned int const needed = BytesOf(unit);
-      if (room - bytes < needed)
-        return {i, bytes};
-      EncodeUnit(out + bytes, unit, needed);
-      bytes += needed;
+    std::size_t const before = i;
+    for (; i < length && room - bytes >= 4 && (unit = units[i]) > ZnUtf8Table[1].max; ++i) {
+      EncodeThreeInFour(out + bytes, unit);
+      bytes += 3;
     }
+    if (i != before)
+      continue;
+    unsigned int const needed = BytesOf(unit);
+    if (room - bytes < needed)
+      break;
+    EncodeUnit(out + bytes, unit, needed);
+    bytes += needed;
+    ++i;
   }
   return {i, bytes};
 }
