@@ -41,7 +41,7 @@ public:
 
   void Append(std::string_view part) {
     auto const taken = std::min<std::size_t>(part.size(), kRoom - length_);
-    std::memcpy(text_ + length_, part.data(), taken);
+    part.copy(text_ + length_, taken);
     length_ += static_cast<unsigned int>(taken);
     text_[length_] = 0;
   }
