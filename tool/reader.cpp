@@ -162,7 +162,7 @@ bool Reader::Spoilable(std::string_view text, Value const & value, char const * 
 bool Reader::ReadAs(std::string_view text, Value & value, char const * format) {
   if (!Scan(text, value, format))
     return false;
-  out_ = ZnString();
+  out_ = Output();
   Manager().PrintToZnString(type_, out_, value.Data(), format, 1);
   printed_.clear();
   AppendUtf8(printed_, out_);

@@ -77,6 +77,10 @@ ZnString ZnStringOf(std::string_view text) {
   return out;
 }
 
+ZnString Output() {
+  return ZnString(ZnString::GetDefault16CodeSet(), ZnString::GetDefaultLanguage());
+}
+
 void AppendUtf8(std::string & out, ZnString const & text) {
   unsigned short length = text.Len();
   if (length == 0)

@@ -27,6 +27,9 @@ bool FromUtf8(std::string_view text, ZnString & out);
 /// The same, with a `Failure` for a text that cannot be held.
 ZnString ZnStringOf(std::string_view text);
 
+/// An empty text to print into: of code set 253, so that no character gets lost on the way out.
+ZnString Output();
+
 std::string ToUtf8(ZnString const & text);
 /// Appends to `out`.
 void AppendUtf8(std::string & out, ZnString const & text);

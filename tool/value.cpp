@@ -56,7 +56,7 @@ void Value::AppendStored(Bytes & out, unsigned char format) const {
 }
 
 std::string Value::Print(char const * format) const {
-  ZnString text;
+  ZnString text = Output();
   Manager().PrintToZnString(type_, text, data_, format, 1);
   return ToUtf8(text);
 }

@@ -23,18 +23,25 @@ constexpr unsigned char kMixedClass = 0x80; ///< in the language of an order tex
 
 std::string_view BytesOf(ZnString const & s) { return {s.StrGet(), s.Len()}; }
 
-/// The default code set, or the native one if that is 0.
-unsigned char OutputCodeSet() {
-  unsigned char const codeSet = ZnString::GetDefaultCodeSet();
-  return codeSet != 0 ? codeSet : ZnLanguageContext::GetNativeCodeSet();
+/// The code set that a print converts to: that of its output, or the default one if the output has
+/// none, or the native one if that is 0 too.
+unsigned char OutputCodeSet(ZnString const & out) {
+  for (unsigned char codeSet : {out.codeSet, ZnString::GetDefaultCodeSet()})
+    if (codeSet != 0)
+      return codeSet;
+  return ZnLanguageContext::GetNativeCodeSet();
 }
 
-/// A text of two bytes a character in a code set of one.
-ZnString Narrow(ZnString const & s) {
-  unsigned char const wanted = OutputCodeSet();
-  ZnString narrow(WidthOf(wanted) == 1 ? wanted : ZnString::GetDefault8CodeSet(), 0);
-  narrow += s;
-  return narrow;
+/// Formats a text of two bytes a character in the code set of the output.
+void PrintConverted(ZnString & out, ZnString const & s, char const * format) {
+  ZnString text(OutputCodeSet(out), 0);
+  text += s;
+  FormattedAround const around = FormatAround(format, text.Len());
+  ZnString all(text.codeSet, ZnString::GetDefaultLanguage());
+  all += ZnString(around.before.c_str());
+  all += text.Left(static_cast<unsigned short>(around.length));
+  all += ZnString(around.after.c_str());
+  out = all;
 }
 
 // ---- Order text ---------------------------------------------------------------------------------
@@ -108,7 +115,7 @@ ZnString & PrintLetters(ZnString & out, ZnString const & value, OrderFormat cons
   if (!accents)
     return out = latin;
   latin.codeSet = kLatin1;
-  ZnString mapped(OutputCodeSet(), ZnString::GetDefaultLanguage());
+  ZnString mapped(OutputCodeSet(out), ZnString::GetDefaultLanguage());
   mapped += latin;
   return out = mapped;
 }
@@ -134,7 +141,7 @@ ZnString & StringPrint(ZnString & out, void * value, char const * format, unsign
     return out;
   }
   unsigned char const codeSet = s.codeSet;
-  out = FormatText(format, BytesOf(Narrow(s))).c_str();
+  PrintConverted(out, s, format);
   if (codeSet != kUnicode)
     out.SetCodeSet(codeSet);
   return out;

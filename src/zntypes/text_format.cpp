@@ -1,6 +1,7 @@
 #include "zntypes/text_format.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zntms {
 
@@ -45,11 +46,12 @@ TextConversion ReadConversion(std::string_view format) {
 
 } // namespace
 
-std::string FormatText(std::string_view format, std::string_view text) {
-  std::size_t const room = text.size() + format.size() + kRoomBeside;
-  std::string out;
+FormattedAround FormatAround(std::string_view format, std::size_t length) {
+  std::size_t const room = length + format.size() + kRoomBeside;
+  FormattedAround around;
   bool taken = false;
   while (!format.empty()) {
+    std::string & out = taken ? around.after : around.before;
     std::size_t const plain = std::min(format.find('%'), format.size());
     out.append(format.substr(0, plain));
     format.remove_prefix(plain);
@@ -67,19 +69,21 @@ std::string FormatText(std::string_view format, std::string_view text) {
       continue;
     }
     taken = true;
-    std::string_view const part = text.substr(0, conversion.precision);
+    around.length = std::min(length, conversion.precision);
     std::size_t const padding =
-        std::min(conversion.width - std::min(conversion.width, part.size()), room);
-    if (!conversion.left)
-      out.append(padding, ' ');
-    out.append(part);
-    if (conversion.left)
-      out.append(padding, ' ');
+        std::min(conversion.width - std::min(conversion.width, around.length), room);
+    (conversion.left ? around.after : around.before).append(padding, ' ');
     format.remove_prefix(conversion.length);
   }
-  if (out.size() > room)
-    out.resize(room);
-  return out;
+  around.before.resize(std::min(around.before.size(), room));
+  around.length = std::min(around.length, room - around.before.size());
+  around.after.resize(std::min(around.after.size(), room - around.before.size() - around.length));
+  return around;
+}
+
+std::string FormatText(std::string_view format, std::string_view text) {
+  FormattedAround around = FormatAround(format, text.size());
+  return std::move(around.before) + std::string(text.substr(0, around.length)) + around.after;
 }
 
 } // namespace zntms

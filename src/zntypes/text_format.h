@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,17 @@
 
 namespace zntms {
 
+/// A format carried out around a text of any width: what stands before and behind it, and how many
+/// of its first characters stand between.
+struct FormattedAround {
+  std::string before;
+  std::size_t length = 0;
+  std::string after;
+};
+
+FormattedAround FormatAround(std::string_view format, std::size_t length);
+
+/// The same on a text of one byte a character, put together.
 std::string FormatText(std::string_view format, std::string_view text);
 
 } // namespace zntms
