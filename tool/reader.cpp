@@ -112,6 +112,8 @@ Reader::Reader(char id, std::string format)
 
 /// Learns by trial what the type reads.
 void Reader::Learn() {
+  constexpr char const * noValueButText = "?any, text: 7";
+  anyText_ = Scan(noValueButText, trial_, Format()) && trial_.Print(Format()) == noValueButText;
   Value one(type_);
   if (!Scan("+10", trial_, Format()) || trial_.Print(Format()) != "10")
     return;
