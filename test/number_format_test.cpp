@@ -100,7 +100,7 @@ TEST(NumberPrint, AgreesWithTheCLibrary) {
     if (random() % 2 != 0)
       format += std::to_string(random() % 30);
     if (random() % 2 != 0)
-      format += "." + std::to_string(random() % 25);
+      format.append(".").append(std::to_string(random() % 25));
     bool const isFloat = random() % 2 != 0;
     if (!isFloat)
       format += std::initializer_list<char const *>{"", "h", "hh"}.begin()[random() % 3];
