@@ -150,6 +150,7 @@ TEST(NumberScan, ReadsWhatTheTextBeginsWith) {
   EXPECT_EQ(pair[0], -1);
   EXPECT_EQ(pair[1], 2);
   EXPECT_EQ(Scan(ZnINT_T, "-1", 0, "%hd"), 0xFFFF);
+  EXPECT_EQ(Scan(Zn8B_T, "-1", 0ll, "%ld"), 0xFFFFFFFF);
   EXPECT_EQ(mgr.ScanFromZnString(ZnINT_T, nullptr, text, nullptr, 1), nullptr);
   // Text of a 16-bit code set.
   unsigned short const wide[] = {'-', '1', '2', 0x3B1, 0};
