@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstring>
 
 #include "zanin.h"
 #include "znstring/edit.h"
@@ -13,11 +14,22 @@ using namespace zntms;
 
 char const * Bytes(unsigned short const * text) { return reinterpret_cast<char const *>(text); }
 
-/// Fills a fresh string with text of its own code set, as much of it as fits.
+/// Makes a text of the string's own code set the whole of it, as much as fits. Nothing stays, is
+/// converted or overflows, so that an edit comes down to one copy. A buffer of the very size that
+/// the text takes is used again: values that print one after the other often are of one length.
 void AssignText(ZnString & target, char const * source, unsigned int length) {
-  unsigned int const chars = std::min(length, MaxChars(WidthOf(target.codeSet)));
-  ZnStringEdit(target, source, target.codeSet, 0, 0, static_cast<unsigned short>(chars), 1,
-               EditAssignAt);
+  unsigned int const width = WidthOf(target.codeSet);
+  unsigned int const bytes = std::min(length, MaxChars(width)) * width;
+  if (target.capacity == bytes + width) {
+    std::memmove(target.text, source, bytes);
+  } else {
+    char * const buffer = new char[bytes + width];
+    std::memcpy(buffer, source, bytes);
+    delete[] target.text;
+    target.text = buffer;
+    target.capacity = static_cast<unsigned short>(bytes + width);
+  }
+  WriteChar(target.text + bytes, width, 0);
 }
 
 /// The same up to the terminator; a null source leaves the string without text.
@@ -35,10 +47,6 @@ void AssignChar(ZnString & target, unsigned short c) {
     AssignText(target, units, 1);
 }
 
-void AssignNumber(ZnString & target, NumberText const & number) {
-  AssignText(target, number.CStr(), number.Length());
-}
-
 void Free(ZnString & target) {
   delete[] target.text;
   target.text = nullptr;
@@ -46,6 +54,12 @@ void Free(ZnString & target) {
 }
 
 } // namespace
+
+void zntms::ZnStringAssignNumber(ZnString & target, NumberText const & number) {
+  target.codeSet = ZnString::GetDefault8CodeSet();
+  target.language = ZnString::GetDefaultLanguage();
+  AssignText(target, number.CStr(), number.Length());
+}
 
 // ---- Construction -------------------------------------------------------------------------------
 
@@ -76,15 +90,14 @@ ZnString::ZnString(unsigned short c) : ZnString(GetDefault16CodeSet(), GetDefaul
 ZnString::ZnString(short number) : ZnString(static_cast<int>(number)) {}
 ZnString::ZnString(int number) : ZnString(static_cast<long long>(number)) {}
 ZnString::ZnString(unsigned int number) : ZnString(static_cast<unsigned long long>(number)) {}
-ZnString::ZnString(long long number) : ZnString(GetDefault8CodeSet(), GetDefaultLanguage()) {
-  AssignNumber(*this, NumberText(number));
+ZnString::ZnString(long long number) : text(nullptr), capacity(0) {
+  ZnStringAssignNumber(*this, NumberText(number));
 }
-ZnString::ZnString(unsigned long long number)
-    : ZnString(GetDefault8CodeSet(), GetDefaultLanguage()) {
-  AssignNumber(*this, NumberText(number));
+ZnString::ZnString(unsigned long long number) : text(nullptr), capacity(0) {
+  ZnStringAssignNumber(*this, NumberText(number));
 }
-ZnString::ZnString(double number) : ZnString(GetDefault8CodeSet(), GetDefaultLanguage()) {
-  AssignNumber(*this, NumberText(number));
+ZnString::ZnString(double number) : text(nullptr), capacity(0) {
+  ZnStringAssignNumber(*this, NumberText(number));
 }
 
 ZnString::ZnString(char const * source) : ZnString(GetDefault8CodeSet(), GetDefaultLanguage()) {
@@ -117,8 +130,11 @@ ZnString & ZnString::operator=(ZnString const & other) {
 }
 
 ZnString & ZnString::operator=(char const * source) {
-  ZnString copy(source);
-  Destruct(copy);
+  if (!source)
+    Free(*this);
+  codeSet = GetDefault8CodeSet();
+  language = GetDefaultLanguage();
+  AssignText(*this, source);
   return *this;
 }
 

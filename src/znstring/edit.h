@@ -5,12 +5,14 @@
 /// Worked example: on "abcd", `ZnStringEdit(s, "XY", 0, 1, 0, 2, 1, EditInsert)` gives "aXYbcd",
 /// the same with `EditOverwrite` "aXYd", with `EditAssignAt` "aXY".
 ///
-/// Every edit allocates a buffer of exactly the bytes that the new text takes, so that `capacity`
+/// Every edit leaves a buffer of exactly the bytes that the new text takes, so that `capacity`
 /// tells the length of text and terminator to those who store it.
 
 #include "znstring.h"
 
 namespace zntms {
+
+class NumberText;
 
 enum EditMode : unsigned short {
   EditOverwrite = 1, ///< the new text replaces as many characters
@@ -35,6 +37,10 @@ void ZnStringEdit(ZnString & target, char const * source, unsigned char sourceCo
 /// no more than a string can hold. Without source or length the string stays without text.
 void ZnStringAssignCounted(ZnString & target, char const * source, unsigned char sourceCodeSet,
                            unsigned short length, unsigned char byteOrder);
+
+/// Makes a number the whole text, in the default 8-bit code set and language. A buffer of the very
+/// size is used again.
+void ZnStringAssignNumber(ZnString & target, NumberText const & number);
 
 /// A new buffer (`new char[]`, the caller's) with the converted text and its terminator; gives
 /// its size in bytes. A code set of 0 is the native one. A text that is too long is cut and

@@ -2,6 +2,7 @@
 
 #include "znboolean.h"
 #include "znstring.h"
+#include "znstring/edit.h"
 #include "znstring/narrow_text.h"
 #include "znstring/number_text.h"
 #include "zntypes/number_format.h"
@@ -31,9 +32,8 @@ Number ReadValue(void const * value) {
   return number;
 }
 
-/// Takes over a string that was made for it.
-ZnString & Take(ZnString & out, ZnString && text) {
-  out.Destruct(text);
+ZnString & Take(ZnString & out, NumberText const & number) {
+  ZnStringAssignNumber(out, number);
   return out;
 }
 
@@ -48,8 +48,8 @@ ZnString & PrintInteger(ZnString & out, char const * format, PrintArgument argum
   auto const number = ReadDecimalFormat(format, argument);
   if (!number)
     return PrintOne(out, format, argument);
-  return Take(out, number->isSigned ? ZnString(static_cast<long long>(number->bits))
-                                    : ZnString(static_cast<unsigned long long>(number->bits)));
+  return Take(out, number->isSigned ? NumberText(static_cast<long long>(number->bits))
+                                    : NumberText(static_cast<unsigned long long>(number->bits)));
 }
 
 void * ScanInteger(void * value, ZnString const & in, char const * format, unsigned char size) {
@@ -81,7 +81,7 @@ double ScanSplit(std::string_view text, char const * format) {
 
 ZnString & PrintDoubleOrFloat(ZnString & out, char const * format, double number) {
   if (IsExact(format))
-    return Take(out, ZnString(number));
+    return Take(out, NumberText(number));
   if (IsSplit(format))
     return PrintSplit(out, format, number);
   return PrintOne(out, format, PrintArgument::Of(number));
