@@ -1,8 +1,10 @@
 #include "znstring/number_text.h"
 
+#include <array>
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 
@@ -61,6 +63,47 @@ bool IsTooLarge(char const * first, char const * last, bool hex) {
   return place + exponent > 0;
 }
 
+/// "00" to "99", one after the other.
+constexpr auto kPairs = [] {
+  std::array<char, 200> pairs{};
+  for (unsigned int i = 0; i < 100; ++i) {
+    pairs[2 * i] = static_cast<char>('0' + i / 10);
+    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+  }
+  return pairs;
+}();
+
+void WritePair(char * at, std::uint32_t below100) { std::memcpy(at, &kPairs[2 * below100], 2); }
+
+/// Writes the digits of a number and gives the place behind them; the place needs 20 bytes. Eight
+/// digits at a time, whose pairs do not wait for one another, take half the time of
+/// `std::to_chars`, in which each pair waits for the division before it.
+char * WriteDecimal(char * at, std::uint64_t number) {
+  constexpr std::uint32_t e8 = 100000000;
+  char reversed[24];
+  char * first = reversed + sizeof reversed;
+  for (; number >= e8; number /= e8) {
+    auto const eight = static_cast<std::uint32_t>(number % e8);
+    std::uint32_t const high = eight / 10000;
+    std::uint32_t const low = eight % 10000;
+    first -= 8;
+    WritePair(first, high / 100);
+    WritePair(first + 2, high % 100);
+    WritePair(first + 4, low / 100);
+    WritePair(first + 6, low % 100);
+  }
+  auto rest = static_cast<std::uint32_t>(number);
+  for (; rest >= 100; rest /= 100)
+    WritePair(first -= 2, rest % 100);
+  if (rest >= 10)
+    WritePair(first -= 2, rest);
+  else
+    *--first = static_cast<char>('0' + rest);
+  auto const length = static_cast<std::size_t>(reversed + sizeof reversed - first);
+  std::memcpy(at, first, length);
+  return at + length;
+}
+
 } // namespace
 
 void NumberText::End(char * end) {
@@ -69,12 +112,12 @@ void NumberText::End(char * end) {
 }
 
 NumberText::NumberText(long long number) {
-  End(std::to_chars(text_, text_ + sizeof text_ - 1, number).ptr);
+  auto const bits = static_cast<unsigned long long>(number);
+  text_[0] = '-';
+  End(number < 0 ? WriteDecimal(text_ + 1, 0 - bits) : WriteDecimal(text_, bits));
 }
 
-NumberText::NumberText(unsigned long long number) {
-  End(std::to_chars(text_, text_ + sizeof text_ - 1, number).ptr);
-}
+NumberText::NumberText(unsigned long long number) { End(WriteDecimal(text_, number)); }
 
 NumberText::NumberText(double number) {
   if (std::isfinite(number)) {

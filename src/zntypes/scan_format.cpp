@@ -39,6 +39,38 @@ bool StartsHexNumber(char const * at, char const * last) {
          std::from_chars(at + 2, at + 3, digit, 16).ec == std::errc();
 }
 
+/// Whether all eight bytes are digits, and the number that they are, the first one in the lowest
+/// byte: pairs are joined to fours and those to eight by one multiplication each (the method of
+/// D. Lemire, "Quickly parsing eight digits").
+bool AreDigits(std::uint64_t eight) {
+  return ((eight & 0xF0F0F0F0F0F0F0F0) |
+          ((eight + 0x0606060606060606) & 0xF0F0F0F0F0F0F0F0) >> 4) == 0x3333333333333333;
+}
+std::uint64_t JoinDigits(std::uint64_t eight) {
+  eight -= 0x3030303030303030;
+  eight = eight * 10 + (eight >> 8);
+  return ((eight & 0x000000FF000000FF) * (100 + (1000000ull << 32)) +
+          ((eight >> 16) & 0x000000FF000000FF) * (1 + (10000ull << 32))) >>
+         32;
+}
+
+/// `std::from_chars` to the base 10, with eight digits at a time where there are as many.
+std::from_chars_result ReadDecimal(char const * at, char const * last, std::uint64_t & number) {
+  char const * p = at;
+  std::uint64_t eight;
+  for (; last - p >= 8 && p - at < 16; p += 8) {
+    std::memcpy(&eight, p, 8);
+    if (!AreDigits(eight))
+      break;
+    number = number * 100000000 + JoinDigits(eight);
+  }
+  for (; p != last && p - at < 19 && *p >= '0' && *p <= '9'; ++p) // 19 digits cannot overflow
+    number = number * 10 + static_cast<unsigned int>(*p - '0');
+  if (p == at || (p != last && *p >= '0' && *p <= '9'))
+    return std::from_chars(at, last, number);
+  return {p, std::errc()};
+}
+
 /// Reads an integer from `at`, no further than `last`. Gives the place behind it, or null if there
 /// is none.
 char const * ReadInteger(char const * at, char const * last, char letter, std::uint64_t & number) {
@@ -53,14 +85,8 @@ char const * ReadInteger(char const * at, char const * last, char letter, std::u
     base = 8;
   }
   std::uint64_t magnitude = 0;
-  // Up to 19 decimal digits cannot overflow, and a plain loop is the quickest way to read them.
-  char const * plain = at;
-  if (base == 10)
-    for (; plain != last && plain - at < 19 && *plain >= '0' && *plain <= '9'; ++plain)
-      magnitude = magnitude * 10 + static_cast<unsigned int>(*plain - '0');
-  bool const isRead = plain != at && (plain == last || *plain < '0' || *plain > '9');
-  auto const [end, error] = isRead ? std::from_chars_result{plain, std::errc()}
-                                   : std::from_chars(at, last, magnitude, base);
+  auto const [end, error] =
+      base == 10 ? ReadDecimal(at, last, magnitude) : std::from_chars(at, last, magnitude, base);
   if (error == std::errc::invalid_argument)
     return nullptr;
   bool const isSigned = letter == 'd' || letter == 'i';
