@@ -55,6 +55,21 @@ void Free(ZnString & target) {
 
 } // namespace
 
+/// Writes the digits into the buffer itself.
+void zntms::ZnStringAssignNumber(ZnString & target, DecimalNumber number) {
+  unsigned int const length = number.Length();
+  if (target.capacity != length + 1) {
+    char * const buffer = new char[length + 1];
+    delete[] target.text;
+    target.text = buffer;
+    target.capacity = static_cast<unsigned short>(length + 1);
+  }
+  target.codeSet = ZnString::GetDefault8CodeSet();
+  target.language = ZnString::GetDefaultLanguage();
+  number.Write(target.text);
+  target.text[length] = 0;
+}
+
 void zntms::ZnStringAssignNumber(ZnString & target, NumberText const & number) {
   target.codeSet = ZnString::GetDefault8CodeSet();
   target.language = ZnString::GetDefaultLanguage();
@@ -91,10 +106,10 @@ ZnString::ZnString(short number) : ZnString(static_cast<int>(number)) {}
 ZnString::ZnString(int number) : ZnString(static_cast<long long>(number)) {}
 ZnString::ZnString(unsigned int number) : ZnString(static_cast<unsigned long long>(number)) {}
 ZnString::ZnString(long long number) : text(nullptr), capacity(0) {
-  ZnStringAssignNumber(*this, NumberText(number));
+  ZnStringAssignNumber(*this, DecimalNumber::Of(number));
 }
 ZnString::ZnString(unsigned long long number) : text(nullptr), capacity(0) {
-  ZnStringAssignNumber(*this, NumberText(number));
+  ZnStringAssignNumber(*this, DecimalNumber{number, false});
 }
 ZnString::ZnString(double number) : text(nullptr), capacity(0) {
   ZnStringAssignNumber(*this, NumberText(number));

@@ -13,6 +13,7 @@
 namespace zntms {
 
 class NumberText;
+struct DecimalNumber;
 
 enum EditMode : unsigned short {
   EditOverwrite = 1, ///< the new text replaces as many characters
@@ -41,6 +42,7 @@ void ZnStringAssignCounted(ZnString & target, char const * source, unsigned char
 /// Makes a number the whole text, in the default 8-bit code set and language. A buffer of the very
 /// size is used again.
 void ZnStringAssignNumber(ZnString & target, NumberText const & number);
+void ZnStringAssignNumber(ZnString & target, DecimalNumber number);
 
 /// A new buffer (`new char[]`, the caller's) with the converted text and its terminator; gives
 /// its size in bytes. A code set of 0 is the native one. A text that is too long is cut and

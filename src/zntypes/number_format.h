@@ -1,5 +1,7 @@
 #pragma once
 
+#include "znstring/number_text.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -71,10 +73,6 @@ inline void PrintByFormat(PrintBuffer & out, char const * format, PrintArgument 
 }
 
 /// What a format prints that is nothing but one decimal conversion, such as "%ld".
-struct DecimalNumber {
-  std::uint64_t bits;
-  bool isSigned;
-};
 std::optional<DecimalNumber> ReadDecimalFormat(char const * format, PrintArgument const & argument);
 
 /// Where a scan stores a value, which needs no alignment.

@@ -32,11 +32,6 @@ Number ReadValue(void const * value) {
   return number;
 }
 
-ZnString & Take(ZnString & out, NumberText const & number) {
-  ZnStringAssignNumber(out, number);
-  return out;
-}
-
 ZnString & PrintOne(ZnString & out, char const * format, PrintArgument argument) {
   PrintBuffer text;
   PrintByFormat(text, format, argument);
@@ -48,8 +43,8 @@ ZnString & PrintInteger(ZnString & out, char const * format, PrintArgument argum
   auto const number = ReadDecimalFormat(format, argument);
   if (!number)
     return PrintOne(out, format, argument);
-  return Take(out, number->isSigned ? NumberText(static_cast<long long>(number->bits))
-                                    : NumberText(static_cast<unsigned long long>(number->bits)));
+  ZnStringAssignNumber(out, *number);
+  return out;
 }
 
 void * ScanInteger(void * value, ZnString const & in, char const * format, unsigned char size) {
@@ -80,8 +75,10 @@ double ScanSplit(std::string_view text, char const * format) {
 }
 
 ZnString & PrintDoubleOrFloat(ZnString & out, char const * format, double number) {
-  if (IsExact(format))
-    return Take(out, NumberText(number));
+  if (IsExact(format)) {
+    ZnStringAssignNumber(out, NumberText(number));
+    return out;
+  }
   if (IsSplit(format))
     return PrintSplit(out, format, number);
   return PrintOne(out, format, PrintArgument::Of(number));

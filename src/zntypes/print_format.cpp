@@ -241,7 +241,9 @@ std::optional<DecimalNumber> ReadDecimalFormat(char const * format,
   if (end == nullptr || *end != 0 || !conversion.IsPlain() ||
       !(IsSigned(conversion) || conversion.letter == 'u'))
     return std::nullopt;
-  return DecimalNumber{BitsOf(conversion, argument), IsSigned(conversion)};
+  std::uint64_t const bits = BitsOf(conversion, argument);
+  return IsSigned(conversion) ? DecimalNumber::Of(static_cast<long long>(bits))
+                              : DecimalNumber{bits, false};
 }
 
 } // namespace zntms
