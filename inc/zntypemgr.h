@@ -96,12 +96,19 @@ public:
   // ---- Queries ---------------------------------------------------------------------------------
 
   /// Negative, 0 or positive. Lengths are the bytes at hand on each side, 0 for as many as
-  /// `count` elements take. `error` takes 0 or a code of `zncodes.h`.
+  /// `count` elements take. `error` takes 0 or a code of `zncodes.h`. Inline, as a caller's loop
+  /// over single values is where the cost of a call shows.
   int Cmp(char id, unsigned int lengthA, void * valueA, unsigned int lengthB, void * valueB,
-          unsigned short int cmpOp, unsigned int count, unsigned char format, int & error) const;
+          unsigned short int cmpOp, unsigned int count, unsigned char format, int & error) const {
+    return rows[static_cast<unsigned char>(id)]->Compare(format, lengthA, valueA, lengthB, valueB,
+                                                         cmpOp, count, error);
+  }
   /// The same for whole values, without the error.
   int Cmp(char id, void * valueA, void * valueB, unsigned short int cmpOp, unsigned int count,
-          unsigned char format) const;
+          unsigned char format) const {
+    int error = 0;
+    return Cmp(id, 0, valueA, 0, valueB, cmpOp, count, format, error);
+  }
   unsigned int Hash(char id, unsigned int length, void * value, unsigned int count,
                     unsigned char format, int & error) const;
   /// Estimates which share of the key range `area` the comparison `op` against the stored

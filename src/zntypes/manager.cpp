@@ -149,18 +149,6 @@ unsigned int ZnTypeMgr::Translate(char id, void * dst, unsigned char dstFormat,
 
 // ---- Queries ------------------------------------------------------------------------------------
 
-int ZnTypeMgr::Cmp(char id, unsigned int lengthA, void * valueA, unsigned int lengthB,
-                   void * valueB, unsigned short int cmpOp, unsigned int count,
-                   unsigned char format, int & error) const {
-  return RowOf(rows, id).Compare(format, lengthA, valueA, lengthB, valueB, cmpOp, count, error);
-}
-
-int ZnTypeMgr::Cmp(char id, void * valueA, void * valueB, unsigned short int cmpOp,
-                   unsigned int count, unsigned char format) const {
-  int error = 0;
-  return RowOf(rows, id).Compare(format, 0, valueA, 0, valueB, cmpOp, count, error);
-}
-
 unsigned int ZnTypeMgr::Hash(char id, unsigned int length, void * value, unsigned int count,
                              unsigned char format, int & error) const {
   return RowOf(rows, id).Hash(format, length, value, count, error);
