@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -110,6 +112,21 @@ TEST(NumberBox, GivesBlanksWhereStringsAreMissing) {
   ZnTypeConvertData const empty;
   EXPECT_TRUE(empty.typeId == 100 && empty.mgr == nullptr && empty.data == nullptr);
   EXPECT_EQ(mgr.ConvertTo(ZnRES_T, numbers, 1), nullptr);
+}
+
+/// An engine that keeps boxes in memory of its own finds an empty one where a box has been.
+TEST(NumberBox, LeavesAnEmptyBoxBehind) {
+  for (bool const owner : {true, false}) {
+    alignas(ZnTypeConvertData) unsigned char room[sizeof(ZnTypeConvertData)];
+    void * const strings = mgr.Create(ZnSTRING_T, 2);
+    std::destroy_at(new (room) ZnTypeConvertData(ZnSTRING_T, 2, strings, owner ? &mgr : nullptr));
+    void * data;
+    std::memcpy(&data, room + offsetof(ZnTypeConvertData, data), sizeof data);
+    EXPECT_EQ(data, owner ? nullptr : strings);
+    EXPECT_EQ(room[offsetof(ZnTypeConvertData, typeId)], 100);
+    EXPECT_EQ(room[offsetof(ZnTypeConvertData, count)], 0);
+    mgr.Delete(ZnSTRING_T, data, 2);
+  }
 }
 
 TEST(NumberBox, NamedFunctionsAreTheRows) {

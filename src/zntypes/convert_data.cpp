@@ -14,9 +14,9 @@ ZnTypeConvertData::ZnTypeConvertData(char id, unsigned int number, void * values
     : mgr(manager), data(values), count(number), typeId(id) {}
 
 ZnTypeConvertData::~ZnTypeConvertData() {
-  if (mgr != nullptr && data != nullptr)
-    data = mgr->Delete(typeId, data, count);
   // An engine may look at the place once more: the stores are not to be optimised away.
+  if (mgr != nullptr && data != nullptr)
+    static_cast<void * volatile &>(data) = mgr->Delete(typeId, data, count);
   static_cast<char volatile &>(typeId) = kEmptyBoxId;
   static_cast<unsigned int volatile &>(count) = 0;
 }
