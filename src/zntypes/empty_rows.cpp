@@ -41,6 +41,5 @@ void * EmptyScan(void *, ZnString &, char const *, unsigned int) { return nullpt
 
 int NeverNull(void *) { return 0; }
 int NoStep(void *, unsigned int, unsigned char, unsigned char) { return ZnErrNotSupported; }
-int EmptySetNull(void *) { return ZnErrNotSupported; }
 
 } // namespace zntms

@@ -36,8 +36,6 @@ void * EmptyScan(void * value, ZnString & in, char const * format, unsigned int 
 int NeverNull(void * value);
 /// `GetValue` of every kind without a next value: always `ZnErrNotSupported`.
 int NoStep(void * value, unsigned int length, unsigned char format, unsigned char what);
-/// `SetNull` of a kind that has a null but no functions yet: `ZnErrNotSupported`.
-int EmptySetNull(void * value);
 
 inline constexpr RowLife kEmptyLife = {&EmptyCreate,    &EmptyDelete, &EmptyConstruct,
                                        &EmptyConstruct, &EmptyAssign, &EmptyAssign};
@@ -46,7 +44,6 @@ inline constexpr RowStorage kEmptyStorage = {&EmptyMove, &EmptyMove,     &EmptyN
 inline constexpr RowQuery kEmptyQuery = {&EmptyCompare, &EmptyBound, &EmptyHash};
 inline constexpr RowBox kEmptyBox = {&EmptyConvertTo, &EmptyConvertFrom, &EmptyDefault};
 inline constexpr RowNull kNoNull = {&NeverNull, nullptr};
-inline constexpr RowNull kEmptyNull = {&NeverNull, &EmptySetNull};
 
 /// Print and scan that do nothing, with the format that the row is to have.
 constexpr RowText EmptyText(char const * format) { return {format, &EmptyPrint, &EmptyScan}; }
