@@ -57,8 +57,8 @@ public:
   unsigned short MemLenGet(char id, unsigned int count) const;
   /// 1 if the stored size does not depend on the value.
   unsigned short IsFixed(char id) const;
-  /// The place of an element; null if `count` is not 0 and `index` not below it. A count of 0
-  /// stands for an unknown length.
+  /// The place of an element; null if `count` is not 0 and `index` not below it, and for an id
+  /// that has no row in the table in use. A count of 0 stands for an unknown length.
   void * GetArrayElement(char id, void * base, unsigned int index, unsigned int count) const;
   unsigned short SupportsNullValue(char id) const;
   /// Capability 1: the type has a null value; 2: integer kinds; 3: `StoreTimeStamp` serves it.

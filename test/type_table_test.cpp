@@ -201,6 +201,14 @@ TEST(TypeMgr, TellsMetadata) {
   EXPECT_EQ(mgr.GetArrayElement(ZnINT_T, base, 5, 5), nullptr);
   EXPECT_EQ(mgr.GetArrayElement(ZnINT_T, base, 4, 5), base + 16);
   EXPECT_EQ(mgr.GetArrayElement(ZnINT_T, base, 5, 0), base + 20);
+  ZnTypeMgr const old(3);
+  for (char const place : {ZnRES_T, char(100), char(127)})
+    EXPECT_EQ(mgr.GetArrayElement(place, base, 1, 0), base) << int(place);
+  for (char const place : {char(47), char(99), char(-1)})
+    EXPECT_EQ(mgr.GetArrayElement(place, base, 1, 0), nullptr) << int(place);
+  for (char const place : {ZnNULL_1B_T, ZnRES_T, char(100)})
+    EXPECT_EQ(old.GetArrayElement(place, base, 1, 0), nullptr) << int(place);
+  EXPECT_EQ(old.GetArrayElement(ZnBOOLEAN_T, base, 1, 0), base + 1);
   EXPECT_EQ(mgr.DiskIsNullValue(ZnNULL_INT_T, base), ZnErrNotSupported);
   EXPECT_EQ(mgr.ComparePtrGet(ZnINT_T), nullptr);
 }

@@ -37,6 +37,12 @@ constexpr unsigned long long kIntegerKinds =
 constexpr unsigned long long kTimeStampKinds =
     IdSet({ZnDATE_T, ZnTIME_T, ZnDATIME_T, D_DATE_T, D_TIME_T, D_TIMESTAMP_T, ZnDATIME_N_T});
 
+/// Whether the table has a row for the id, be it "illegal", and does not just lead it there.
+bool HasRow(ZnTypeRow * const * rows, char id) {
+  return rows == kOldTable.data() ? static_cast<unsigned char>(id) < kOldRowCount
+                                  : ZnTypeMgr::IsValidType(id) != 0;
+}
+
 bool IsIn(unsigned long long set, char id) {
   auto const place = static_cast<unsigned char>(id);
   return place < 64 && (set >> place & 1) != 0;
@@ -87,7 +93,10 @@ void * ZnTypeMgr::GetArrayElement(char id, void * base, unsigned int index,
                                   unsigned int count) const {
   if (count != 0 && index >= count)
     return nullptr;
-  return static_cast<char *>(base) + std::size_t(RowOf(rows, id).memLen) * index;
+  std::size_t const memLen = RowOf(rows, id).memLen;
+  if (memLen == 0 && !HasRow(rows, id))
+    return nullptr;
+  return static_cast<char *>(base) + memLen * index;
 }
 
 unsigned short ZnTypeMgr::SupportsNullValue(char id) const { return SupportsCapability(id, 1); }
