@@ -181,6 +181,14 @@ TEST(Formats, TextOfTwoByteCharacters) {
   EXPECT_EQ(in.Len(), 8);
 }
 
+TEST(Formats, TextWhoseTerminatorIsOverwritten) {
+  ZnString in("2000-01-2");
+  in.text[in.capacity - 1] = '3';
+  ZnDate date(0);
+  date.ScanFromZnString(in, nullptr);
+  EXPECT_EQ(Raw(date), "2000 1 23");
+}
+
 TEST(Formats, LongResultsAreCut) {
   ZnDateTimeN const value(2000, 9, 27, 3, 4, 5, 123456789);
   for (int directives : {100, 255, 256, 284, 1000, 5000}) {

@@ -15,24 +15,27 @@ enum FieldPlace : unsigned char { kYear, kMonth, kDay, kHour, kMinute, kSecond, 
 inline constexpr unsigned int kFieldCount = 7;
 
 enum class Kind : unsigned char {
+  Two,  ///< a number of two digits
+  Year, ///< of four digits
+  Hour12,
+  Number,    ///< without leading zeros; the last of those that read nothing but an integer
   End,       ///< there is no character
   Optional,  ///< a question mark before the directive
   Text,      ///< the character itself; also the percent sign
-  Two,       ///< a number of two digits
-  Year,      ///< of four digits
   ShortYear, ///< its last two digits
   MonthName, ///< of three letters
   LongMonthName,
   WeekdayName, ///< of three letters, of the date to which the field belongs
   LongWeekdayName,
-  Hour12,
   HalfDay, ///< in lower case
   UpperHalfDay,
-  Number,    ///< without leading zeros
   Fraction,  ///< seconds with a fraction: this field and the next
   TotalDays, ///< of year, month and day of a span
   Template   ///< stands for a whole format
 };
+
+/// Directives that read nothing but an integer into their field.
+constexpr bool IsInteger(Kind kind) { return kind <= Kind::Number; }
 
 struct Directive {
   Kind kind;

@@ -1,5 +1,4 @@
 #include "date/directives.h"
-#include "date/format.h"
 #include "zndatetimen.h"
 #include "znstring.h"
 #include "znstring/nulltext.h"
@@ -20,6 +19,11 @@
 namespace {
 
 using namespace zntms;
+
+/// The bytes of a printed result with its terminator.
+constexpr unsigned int kPrintBytes = 2560;
+/// No directive prints more; the work buffer has as much room again behind the result.
+constexpr unsigned int kDirectiveBytes = 32;
 
 constexpr char kPairs[] = "00010203040506070809101112131415161718192021222324"
                           "25262728293031323334353637383940414243444546474849"
@@ -265,16 +269,6 @@ char * Printer::Run(char * out, char * limit) {
   }
 }
 
-} // namespace
-
-unsigned int zntms::PrintFields(char * buffer, ZnDateTimeN const & value, char const * format) {
-  char * const end = Printer(value, format).Run(buffer, buffer + kPrintBytes - 1);
-  *end = 0;
-  return static_cast<unsigned int>(end - buffer);
-}
-
-namespace {
-
 /// As the assignment of a text; over a text of the same length it is written in place.
 void Assign(ZnString & target, char const * text, unsigned int length) {
   if (target.text == nullptr || target.capacity != length + 1 ||
@@ -293,9 +287,10 @@ ZnString & PrintDateTime(ZnString & target, ZnDateTimeN const & value, char cons
   if (value.IsNullValue())
     return target = NullPrintString();
   char buffer[kPrintBytes + kDirectiveBytes];
-  unsigned int const length =
-      PrintFields(buffer, value, format != nullptr ? format : kDateTimeNFormat);
-  Assign(target, buffer, length);
+  char * const end = Printer(value, format != nullptr ? format : kDateTimeNFormat)
+                         .Run(buffer, buffer + kPrintBytes - 1);
+  *end = 0;
+  Assign(target, buffer, static_cast<unsigned int>(end - buffer));
   return target;
 }
 

@@ -1,11 +1,10 @@
 #include "date/carry.h"
 #include "date/directives.h"
-#include "date/format.h"
 #include "date/scan_value.h"
 #include "znstring/narrow_text.h"
 
-#include <algorithm>
 #include <charconv>
+#include <cstring>
 
 /// Scanning of dates and times.
 ///
@@ -22,24 +21,32 @@ namespace {
 using namespace zntms;
 
 bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool IsDigit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
-
-/// Directives that read nothing but an integer into their field.
-bool IsInteger(Kind kind) {
-  return kind == Kind::Two || kind == Kind::Hour12 || kind == Kind::Year || kind == Kind::Number;
-}
+unsigned int Digit(char c) { return static_cast<unsigned int>(c - '0'); }
+bool IsDigit(char c) { return Digit(c) < 10; }
 
 /// The number of the digits from `in` on, modulo 2 to the power 32; `in` goes behind them.
-unsigned int Digits(char const *& in, char const * end) {
-  unsigned int number = 0;
-  for (; in != end && IsDigit(*in); ++in)
-    number = number * 10 + static_cast<unsigned int>(*in - '0');
+unsigned int Digits(char const *& in) {
+  if (!IsDigit(*in))
+    return 0;
+  unsigned int number = Digit(*in);
+  for (++in; IsDigit(*in); ++in)
+    number = number * 10 + Digit(*in);
   return number;
+}
+
+/// An optional sign and digits.
+int Integer(char const *& in) {
+  bool const negative = *in == '-';
+  if (negative || *in == '+')
+    ++in;
+  unsigned int const number = Digits(in);
+  return static_cast<int>(negative ? 0 - number : number);
 }
 
 class Scanner {
 public:
-  explicit Scanner(std::string_view text) : in_(text.data()), end_(text.data() + text.size()) {}
+  /// The text ends with a zero byte, which is neither a digit nor a literal of any format.
+  explicit Scanner(char const * text) : in_(text) {}
 
   /// False if the text ended before the format.
   bool Run(char const * format);
@@ -48,49 +55,32 @@ public:
 private:
   void Wildcard(Directive directive);
   void Read(Directive directive);
-  int Integer(std::ptrdiff_t width);
-  int Integer() { return Integer(end_ - in_); }
   int Month();
   void Seconds();
   void TotalDays();
   void ReadHalfDay();
   void ApplyHalfDay();
-  /// The next character, 0 at the end of the text.
-  char Peek() const { return in_ != end_ ? *in_ : '\0'; }
-  std::string_view Rest() const { return {in_, static_cast<std::size_t>(end_ - in_)}; }
-  void Skip(std::ptrdiff_t characters) { in_ += std::min(characters, end_ - in_); }
+  void Skip(int characters) {
+    for (; characters != 0 && *in_ != 0; --characters)
+      ++in_;
+  }
   template <unsigned int Count>
   int MatchName(Name const (&names)[Count]);
 
   char const * in_;
-  char const * const end_;
   int field_[kFieldCount] = {}; // wider than those of a value, while they are read
   char half_ = 0;               // 'a', 'p' or none
 };
-
-/// An optional sign and digits, no more than `width` characters.
-int Scanner::Integer(std::ptrdiff_t width) {
-  bool const negative = Peek() == '-';
-  if (negative || Peek() == '+') {
-    ++in_;
-    --width;
-  }
-  unsigned int const number = Digits(in_, in_ + std::clamp<std::ptrdiff_t>(width, 0, end_ - in_));
-  return static_cast<int>(negative ? 0 - number : number);
-}
 
 /// The name whose first three characters stand here, or -1. What agrees with the name is skipped.
 template <unsigned int Count>
 int Scanner::MatchName(Name const (&names)[Count]) {
   for (unsigned int i = 0; i < Count; ++i) {
-    std::string_view const name(names[i].text, names[i].length);
-    if (!Rest().starts_with(name.substr(0, 3)))
+    char const * name = names[i].text;
+    if (std::strncmp(in_, name, 3) != 0)
       continue;
-    for (char const c : name) {
-      if (Peek() != c)
-        break;
+    for (; *name != 0 && *in_ == *name; ++name)
       ++in_;
-    }
     return static_cast<int>(i);
   }
   return -1;
@@ -99,11 +89,11 @@ int Scanner::MatchName(Name const (&names)[Count]) {
 int Scanner::Month() {
   if (int const index = MatchName(kMonthNames); index >= 0)
     return index + 1;
-  char const * const start = in_;
-  int const month = Integer(3);
-  in_ = start;
+  char number[4] = {};
+  std::strncpy(number, in_, 3);
   Skip(3);
-  return month;
+  char const * at = number;
+  return Integer(at);
 }
 
 /// A number with a fraction. Digits are taken as they stand, so that what was printed comes back
@@ -111,20 +101,20 @@ int Scanner::Month() {
 /// notation goes through a double.
 void Scanner::Seconds() {
   char const * const start = in_;
-  bool const negative = Peek() == '-';
-  if (negative || Peek() == '+')
+  bool const negative = *in_ == '-';
+  if (negative || *in_ == '+')
     ++in_;
   char const * const digits = in_;
-  unsigned int whole = Digits(in_, end_);
+  unsigned int whole = Digits(in_);
   int fraction = 0;
-  if (Peek() == '.') {
+  if (*in_ == '.') {
     int unit = 100000000;
-    for (++in_; IsDigit(Peek()); ++in_, unit /= 10)
+    for (++in_; IsDigit(*in_); ++in_, unit /= 10)
       fraction += unit * (*in_ - '0');
   }
-  if (in_ == digits || Peek() == 'e' || Peek() == 'E') {
+  if (in_ == digits || *in_ == 'e' || *in_ == 'E') {
     double s = 0;
-    std::from_chars(digits, end_, s);
+    std::from_chars(digits, digits + std::strlen(digits), s);
     bool const fits = s >= 0 && s < 4e9; // nor is it an infinity or no number
     whole = fits ? static_cast<unsigned int>(static_cast<long long>(s)) : 0;
     fraction = fits ? static_cast<int>(static_cast<long long>(s * 1e9) % 1000000000) : 0;
@@ -132,20 +122,20 @@ void Scanner::Seconds() {
   field_[kSecond] = static_cast<int>(negative ? 0 - whole : whole);
   field_[kNanoseconds] = negative ? -fraction : fraction;
   in_ = start;
-  while (IsDigit(Peek()) || Peek() == '+' || Peek() == '-' || Peek() == '.')
+  while (IsDigit(*in_) || *in_ == '+' || *in_ == '-' || *in_ == '.')
     ++in_;
 }
 
 /// The days of a span as years, months and days.
 void Scanner::TotalDays() {
-  int const total = Integer();
+  int const total = Integer(in_);
   field_[kYear] = total / 360;
   field_[kMonth] = total % 360 / 30;
   field_[kDay] = total % 30;
 }
 
 void Scanner::ReadHalfDay() {
-  char const letter = static_cast<char>(Peek() | 0x20); // lower case
+  char const letter = static_cast<char>(*in_ | 0x20); // lower case
   if (letter == 'a' || letter == 'p')
     half_ = letter;
   Skip(2);
@@ -185,12 +175,12 @@ void Scanner::Wildcard(Directive directive) {
 void Scanner::Read(Directive directive) {
   int & field = field_[directive.field];
   if (IsInteger(directive.kind)) {
-    field = Integer();
+    field = Integer(in_);
     return;
   }
   switch (directive.kind) {
   case Kind::ShortYear:
-    field = Integer();
+    field = Integer(in_);
     // Through unsigned: the text may hold any number.
     field = static_cast<int>(static_cast<unsigned int>(field) + (field > 30 ? 1900U : 2000U));
     break;
@@ -223,14 +213,23 @@ bool Scanner::Run(char const * format) {
   char const * back = nullptr; // where the format goes on behind a template
   char const * in = in_;       // a member would be written back at every step
   for (char const * p = format;;) {
-    char const c = *p++;
-    if (c > ' ' && in != end_ && *in == c && c != '%' && c != ')') {
-      ++in; // what most literals meet
-      continue;
+    // What most formats and texts are made of: a character that both have, then an integer.
+    if (*p > ')' && *in == *p) { // neither white space nor a parenthesis nor a percent sign
+      ++in;
+      ++p;
     }
+    char const c = *p;
+    if (c == '%' && IsDigit(*in)) {
+      if (Directive const directive = DirectiveOf(p[1]); IsInteger(directive.kind)) {
+        field_[directive.field] = static_cast<int>(Digits(in));
+        p += 2;
+        continue;
+      }
+    }
+    ++p;
     if (IsSpace(c))
       continue;
-    while (in != end_ && IsSpace(*in))
+    while (IsSpace(*in))
       ++in;
     if (c != '%') {
       if (c == 0) {
@@ -240,7 +239,7 @@ bool Scanner::Run(char const * format) {
         back = nullptr;
       } else if (c == ')' && group) {
         group = false;
-      } else if (in != end_ && (!IsDigit(*in) || *in == c)) {
+      } else if (*in != 0 && (!IsDigit(*in) || *in == c)) {
         ++in; // a literal stands for any one character, but not for another digit
       }
       continue;
@@ -256,12 +255,8 @@ bool Scanner::Run(char const * format) {
     if (directive.kind == Kind::End)
       continue;
     char const name = *p++;
-    if (in == end_)
+    if (*in == 0)
       return false;
-    if (IsInteger(directive.kind) && IsDigit(*in)) {
-      field_[directive.field] = static_cast<int>(Digits(in, end_));
-      continue;
-    }
     if (directive.kind == Kind::Template) {
       back = p;
       p = TemplateOf(name);
@@ -290,23 +285,18 @@ void Scanner::Give(ZnDateTimeN & value) const {
 
 } // namespace
 
-bool zntms::ScanFields(ZnDateTimeN & value, std::string_view text, char const * format) {
-  Scanner scanner(text);
-  bool const complete = scanner.Run(format);
-  scanner.Give(value);
-  return complete;
-}
-
 void * ScanDateTime(ZnDateTimeN * target, ZnString & text, char const * format, unsigned int) {
   if (target == nullptr)
     return nullptr;
   NarrowText const in(text);
-  if (BeginsWithNullText(in.View())) {
+  if (BeginsWithNullText(in)) {
     target->SetNullValue();
     return target;
   }
-  char const * const language = format != nullptr ? format : kDateTimeNFormat;
-  return ScanFields(*target, in.View(), language) ? target : nullptr;
+  Scanner scanner(in.CStr());
+  bool const complete = scanner.Run(format != nullptr ? format : kDateTimeNFormat);
+  scanner.Give(*target);
+  return complete ? target : nullptr;
 }
 
 // The classes scan through the same engine and take the fields that they have.

@@ -201,7 +201,7 @@ void * ScanValue(void * place, ZnString const & in, TextForm const & form, char 
   Value & value = *static_cast<Value *>(place);
   NarrowText const text(in);
   value = Value();
-  if (BeginsWithNullText(text.View()))
+  if (BeginsWithNullText(text))
     value.SetNullValue();
   else
     TakeFields(value, Scan(text.View(), form, format));

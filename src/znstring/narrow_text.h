@@ -4,12 +4,11 @@
 ///
 /// Worked example: of a string "12" in a 16-bit code set, `NarrowText(in).View()` is the two bytes
 /// "12" of a copy in the default code set; of a string in an 8-bit code set it is the string's own
-/// text. Nothing is read behind the buffer of the string.
+/// text, unless its terminator was overwritten: then the copy has one behind the last byte.
 
 #include "znstring.h"
 #include "znstring/nulltext.h"
 
-#include <cstring>
 #include <optional>
 #include <string_view>
 
@@ -18,32 +17,39 @@ namespace zntms {
 class NarrowText {
 public:
   /// `in` must outlive the object.
-  explicit NarrowText(ZnString const & in) {
-    ZnString const * source = &in;
+  explicit NarrowText(ZnString const & in) : text_(in.text) {
     if (in.codeSet > 224) {
       copy_.emplace();
       *copy_ += in;
-      source = &*copy_;
+      text_ = copy_->text;
+    } else if (in.text && (in.capacity == 0 || in.text[in.capacity - 1] != 0)) {
+      copy_.emplace(in);
+      text_ = copy_->text;
     }
-    if (source->text)
-      view_ = {source->text, strnlen(source->text, source->capacity)};
+    if (!text_)
+      text_ = "";
   }
+  NarrowText(NarrowText const &) = delete;
+  NarrowText & operator=(NarrowText const &) = delete;
 
-  std::string_view View() const { return view_; }
+  /// Ended by a zero byte.
+  char const * CStr() const { return text_; }
+  std::string_view View() const { return text_; }
 
 private:
   std::optional<ZnString> copy_;
-  std::string_view view_;
+  char const * text_;
 };
 
 /// Tells whether a text begins with the null print string, byte by byte over the length of that.
 /// An empty null print string begins every text.
-inline bool BeginsWithNullText(std::string_view text) {
-  ZnString const & null = NullPrintString();
-  // Most texts differ in their first character.
-  if (null.codeSet <= 224 && null.text && !text.empty() && *null.text != text.front())
-    return *null.text == 0;
-  return text.starts_with(NarrowText(null).View());
+inline bool BeginsWithNullText(NarrowText const & text) {
+  NarrowText const null(NullPrintString());
+  char const * at = text.CStr();
+  for (char const * word = null.CStr(); *word != 0; ++word, ++at)
+    if (*at != *word)
+      return false;
+  return true;
 }
 
 } // namespace zntms

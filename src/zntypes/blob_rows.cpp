@@ -198,7 +198,7 @@ ZnString & BlobPrint(ZnString & out, void * value, char const * format, unsigned
 
 /// The null print string makes the blob null; no text says anything about its content.
 void * BlobScan(void * value, ZnString & in, char const *, unsigned int) {
-  if (value && BeginsWithNullText(NarrowText(in).View()))
+  if (value && BeginsWithNullText(NarrowText(in)))
     static_cast<ZnBlob *>(value)->SetNullValue();
   return value;
 }

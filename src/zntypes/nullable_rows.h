@@ -99,7 +99,7 @@ void * ScanNullable(void * value, ZnString & in, char const * format, unsigned i
   auto & element = *static_cast<ZnNullable<Number> *>(value);
   element = ZnNullable<Number>();
   NarrowText const text(in);
-  if (text.View().empty() || BeginsWithNullText(text.View()))
+  if (*text.CStr() == 0 || BeginsWithNullText(text))
     return value;
   scan(&element.value, in, format, 1);
   element.isNull = 0;

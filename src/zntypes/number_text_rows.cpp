@@ -189,7 +189,7 @@ void * BooleanScan(void * value, ZnString & in, char const *, unsigned int) {
   NarrowText const narrow(in);
   std::string_view const text = narrow.View();
   auto & boolean = *static_cast<ZnBoolean *>(value);
-  if (BeginsWithNullText(text))
+  if (BeginsWithNullText(narrow))
     boolean.SetNullValue();
   else
     boolean = text == "T" || text == "t" || text == "TRUE" || text == "true" || text == "1";
