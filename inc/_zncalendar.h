@@ -5,10 +5,11 @@
 /// Worked example: `DayNumber(2000, 1, 1)` is 2451545, the Julian Day Number of that day, and
 /// `DateOfDayNumber(2451545)` gives the three fields back.
 ///
-/// Both directions are exact and inverse for all dates of 16-bit years. They go the direct way of
-/// Neri and Schneider, "Euclidean affine functions and their application to calendar algorithms"
-/// (2022); months outside of a calendar go by the formula of Fliegel and Van Flandern (1968), of
-/// which the direct way is a special case from year -4800 on. No argument overflows.
+/// Both directions are exact and inverse for all dates of 16-bit years. A day number is the sum of
+/// whole years and of whole months by a table; a date goes the direct way of Neri and Schneider,
+/// "Euclidean affine functions and their application to calendar algorithms" (2022). Months outside
+/// of a calendar go by the formula of Fliegel and Van Flandern (1968), which gives the same for
+/// those within from year -4800 on. No argument overflows.
 
 namespace zntms {
 
@@ -29,16 +30,18 @@ constexpr int DayNumberByFormula(int year, int month, int day) {
 inline constexpr int kEraYear = 44800;
 inline constexpr int kEraDay = -32044 - 100 * 146097;
 
+/// Days from 1 March to the first of each month; January and February end the year before. A month
+/// of 13 is the January of the next year.
+inline constexpr int kDaysToMonth[] = {306, 337, 0, 31, 61, 92, 122, 153, 184, 214, 245, 275, 306};
+
 constexpr int DayNumber(int year, int month, int day) {
-  // A month of 13 counts from January of the same year.
-  if (static_cast<unsigned int>(month - 1) >= 13)
+  auto const index = static_cast<unsigned int>(month - 1);
+  if (index >= 13)
     return DayNumberByFormula(year, month, day);
-  bool const winter = month < 3;
-  auto const y = static_cast<unsigned int>(year + kEraYear - winter);
-  auto const m = static_cast<unsigned int>(winter ? month + 12 : month);
+  auto const y = static_cast<unsigned int>(year + kEraYear - (index < 2));
   unsigned int const century = y / 100;
-  unsigned int const days = 1461 * y / 4 - century + century / 4 + ((979 * m - 2919) >> 5);
-  return static_cast<int>(days) + kEraDay - 1 + day;
+  unsigned int const days = 1461 * y / 4 - century + century / 4;
+  return static_cast<int>(days) + kDaysToMonth[index] + kEraDay - 1 + day;
 }
 
 /// The steps for any day number; sums wrap where the day lies outside of the calendar.
