@@ -172,6 +172,25 @@ std::string Print(__int64 value, char const * format) {
   return std::string(out.StrGet()).substr(1);
 }
 
+/// Into a string without text, into one of two bytes a character and as a string of its own.
+TEST(Int64, PrintsDecimalsOfEveryLength) {
+  unsigned long long power = 1;
+  for (int digits = 1; digits <= 20; ++digits, power *= 10)
+    for (auto const bits : {power - 1, power, power * 9 + 7, 0 - power, ~power}) {
+      auto const number = static_cast<__int64>(bits);
+      std::string const text = std::to_string(number);
+      ZnString empty;
+      ZnInt64(number).PrintToZnString(empty);
+      EXPECT_STREQ(empty.StrGet(), text.c_str());
+      EXPECT_EQ(empty.capacity, text.size() + 1);
+      ZnString wide(253, 1);
+      ZnInt64(number).PrintToZnString(wide);
+      EXPECT_EQ(wide, ZnString(text.c_str()));
+      EXPECT_STREQ(ZnString(number).StrGet(), text.c_str());
+      EXPECT_STREQ(ZnString(bits).StrGet(), std::to_string(bits).c_str());
+    }
+}
+
 TEST(Int64, PrintsByDirective) {
   struct Case {
     __int64 value;

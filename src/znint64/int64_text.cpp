@@ -1,6 +1,7 @@
 #include "znint64.h"
 
 #include "znstring/narrow_text.h"
+#include "znstring/number_text.h"
 #include "znstring/text_buffer.h"
 
 #include <cstdint>
@@ -60,13 +61,12 @@ void PrintNumber(TextBuffer & text, ZnInt64 number, Directive const & directive,
 /// 8859-1. That buffer is the smallest that an allocator gives out anyway; `capacity` is that of
 /// the text.
 ZnString & PrintDecimal(ZnString & out, __int64 number) {
-  constexpr std::size_t kMostBytes = 24; // 20 characters and a terminator
   if (out.text || out.codeSet > 1)
     return out << number;
-  out.text = new char[kMostBytes];
-  char * const end = std::to_chars(out.text, out.text + kMostBytes - 1, number).ptr;
-  *end = '\0';
-  out.capacity = static_cast<unsigned short>(end - out.text + 1);
+  NumberText const text(number);
+  out.text = new char[NumberText::kRoom];
+  std::memcpy(out.text, text.CStr(), NumberText::kRoom);
+  out.capacity = static_cast<unsigned short>(text.Length() + 1);
   return out;
 }
 

@@ -75,39 +75,46 @@ constexpr auto kPairs = [] {
 
 void WritePair(char * at, std::uint32_t below100) { std::memcpy(at, &kPairs[2 * below100], 2); }
 
+constexpr std::uint64_t e8 = 100000000;
+
+/// Eight digits, zeros in front: two numbers of four digits are parted into pairs and those into
+/// digits, each step by one multiplication for all.
+void WriteEight(char * at, std::uint64_t belowE8) {
+  std::uint64_t const fours = belowE8 / 10000 | belowE8 % 10000 << 32;
+  std::uint64_t const hundreds = (fours * 10486 >> 20) & 0x0000007F0000007F;
+  std::uint64_t const pairs = hundreds | (fours - hundreds * 100) << 16;
+  std::uint64_t const tens = (pairs * 103 >> 10) & 0x000F000F000F000F;
+  std::uint64_t const digits = tens | (pairs - tens * 10) << 8;
+  std::uint64_t const text = digits | 0x3030303030303030;
+  std::memcpy(at, &text, sizeof text);
+}
+
+/// The powers of ten that 64 bits hold, but 0 first: 0 has a digit too.
+constexpr auto kPowers = [] {
+  std::array<std::uint64_t, 20> powers{};
+  for (std::uint64_t power = 1; auto & each : powers) {
+    each = power;
+    power *= 10;
+  }
+  powers[0] = 0;
+  return powers;
+}();
+
 } // namespace
 
 unsigned int DecimalNumber::Length() const {
-  constexpr auto powers = [] {
-    std::array<std::uint64_t, 20> all{};
-    for (std::uint64_t power = 1; auto & each : all) {
-      each = power;
-      power *= 10;
-    }
-    all[0] = 0; // 0 has a digit too
-    return all;
-  }();
   // 1233 / 4096 is the logarithm of 2 to the base 10, near enough for 64 bits.
   auto const guess = static_cast<unsigned int>(std::bit_width(magnitude)) * 1233 >> 12;
-  return isNegative + guess + (magnitude >= powers[guess]);
+  return isNegative + guess + (magnitude >= kPowers[guess]);
 }
 
 void DecimalNumber::Write(char * at) const {
-  constexpr std::uint32_t e8 = 100000000;
   char * end = at + Length();
   if (isNegative)
     *at = '-';
   std::uint64_t number = magnitude;
-  for (; number >= e8; number /= e8) {
-    auto const eight = static_cast<std::uint32_t>(number % e8);
-    std::uint32_t const high = eight / 10000;
-    std::uint32_t const low = eight % 10000;
-    end -= 8;
-    WritePair(end, high / 100);
-    WritePair(end + 2, high % 100);
-    WritePair(end + 4, low / 100);
-    WritePair(end + 6, low % 100);
-  }
+  for (; number >= e8; number /= e8)
+    WriteEight(end -= 8, number % e8);
   auto rest = static_cast<std::uint32_t>(number);
   for (; rest >= 100; rest /= 100)
     WritePair(end -= 2, rest % 100);
@@ -117,28 +124,31 @@ void DecimalNumber::Write(char * at) const {
     end[-1] = static_cast<char>('0' + rest);
 }
 
-void NumberText::End(char * end) {
-  *end = 0;
-  length_ = static_cast<unsigned int>(end - text_);
-}
-
 NumberText::NumberText(long long number) : NumberText(DecimalNumber::Of(number)) {}
 
 NumberText::NumberText(unsigned long long number) : NumberText(DecimalNumber{number, false}) {}
 
+/// Writes all places, with zeros in front: no branch depends on the length, which no processor can
+/// guess where numbers of all sizes follow one another.
 NumberText::NumberText(DecimalNumber number) {
-  number.Write(text_);
-  End(text_ + number.Length());
+  std::uint64_t const upper = number.magnitude / e8;
+  WriteEight(text_, upper / e8);
+  WriteEight(text_ + 8, upper % e8);
+  WriteEight(text_ + 16, number.magnitude % e8);
+  length_ = number.Length();
+  start_ = kPlaces - length_;
+  text_[start_ + number.isNegative - 1] = '-'; // in front of the digits, where it may not count
 }
 
 NumberText::NumberText(double number) {
   if (std::isfinite(number)) {
-    End(std::to_chars(text_, text_ + sizeof text_ - 1, number, std::chars_format::general, 17).ptr);
+    auto const [end, error] =
+        std::to_chars(text_, text_ + sizeof text_ - 1, number, std::chars_format::general, 17);
+    length_ = static_cast<unsigned int>(end - text_);
     return;
   }
   std::string_view const word = std::isnan(number) ? "NaN" : number > 0 ? "Infinity" : "-Infinity";
-  std::memcpy(text_, word.data(), word.size());
-  End(text_ + word.size());
+  length_ = static_cast<unsigned int>(word.copy(text_, word.size()));
 }
 
 double LowestNaN() { return std::bit_cast<double>(kNaNBits); }

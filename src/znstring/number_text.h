@@ -24,7 +24,7 @@ struct DecimalNumber {
 
   /// Characters that it takes, at most 20.
   unsigned int Length() const;
-  /// Writes them, without a terminator. Eight digits at a time, whose pairs do not wait for one
+  /// Writes them, without a terminator. Eight digits at a time, which do not wait for one
   /// another, take half the time of `std::to_chars`, in which each pair waits for the division
   /// before it.
   void Write(char * at) const;
@@ -33,6 +33,10 @@ struct DecimalNumber {
 /// The decimal text of one number, ended by a zero byte.
 class NumberText {
 public:
+  /// From `CStr()` on this many bytes may be read. They hold the text of every whole number with
+  /// its terminator, and to copy them all takes no branch that depends on its length.
+  static constexpr unsigned int kRoom = 24;
+
   explicit NumberText(long long number);
   explicit NumberText(unsigned long long number);
   explicit NumberText(DecimalNumber number);
@@ -42,14 +46,15 @@ public:
   /// NaN and "Infinity" or "-Infinity".
   explicit NumberText(double number);
 
-  char const * CStr() const { return text_; }
+  char const * CStr() const { return text_ + start_; }
   unsigned int Length() const { return length_; }
-  std::string_view View() const { return {text_, length_}; }
+  std::string_view View() const { return {CStr(), length_}; }
 
 private:
-  void End(char * end);
+  static constexpr unsigned int kPlaces = 24;
 
-  char text_[32]; // the longest is -2.2250738585072014e-308
+  char text_[kPlaces + kRoom] = {}; // the longest is -2.2250738585072014e-308
+  unsigned int start_ = 0;          // a whole number ends with the last of the places
   unsigned int length_ = 0;
 };
 
