@@ -19,9 +19,23 @@ char const * SkipBlanks(char const * at, char const * last) {
   return at;
 }
 
-/// Stores the low bytes of an integer.
+/// Stores the low bytes of an integer: 1, 2, 4 or 8, told one by one, for a copy of any number of
+/// bytes takes longer than to read the digits.
 void StoreInteger(ScanTarget const & target, std::uint64_t number, unsigned char size) {
-  std::memcpy(target.value, &number, std::min(size, target.size));
+  switch (std::min(size, target.size)) {
+  case 1:
+    std::memcpy(target.value, &number, 1);
+    break;
+  case 2:
+    std::memcpy(target.value, &number, 2);
+    break;
+  case 4:
+    std::memcpy(target.value, &number, 4);
+    break;
+  default:
+    std::memcpy(target.value, &number, 8);
+    break;
+  }
 }
 
 void StoreFloat(ScanTarget const & target, double number) {
