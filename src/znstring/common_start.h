@@ -20,11 +20,10 @@ namespace zntms {
 inline constexpr unsigned int kLongestContraction = 6;
 
 /// Whether a character may be one that a contraction takes any number of: a mark or a format
-/// character that changes nothing. Letters are none, nor is what stands below the marks: below 128
-/// in code sets of one byte.
+/// character that changes nothing. Letters are none.
 template <int Width>
-inline bool MayRepeat(unsigned short c, ZnPlainOrder const & plain) {
-  return c >= (Width == 1 ? 128 : kFirstMark) && (plain.order & 0xC000) != 0x4000;
+inline bool MayRepeat(unsigned short c, Shortcut shortcut) {
+  return c >= kFirstThatRepeats<Width> && (shortcut.Order() & 0xC000) != 0x4000;
 }
 
 /// Marks a common start that ends with the terminator: the texts are the same.
@@ -87,7 +86,7 @@ inline unsigned int CommonStart(char const * a, char const * b, OrderSource & so
   unsigned int end = equal;
   for (unsigned int back = 1; back < kLongestContraction && back <= end;) {
     unsigned int const place = end - back;
-    bool const joins = MayRepeat<Width>(at(a, place), source.Plain(at(a, place))) ||
+    bool const joins = MayRepeat<Width>(at(a, place), source.ShortcutOf(at(a, place))) ||
                        source.Joins(at(a, place), at(a, place + 1)) ||
                        (place + 1 == equal && source.Joins(at(a, place), at(b, place + 1)));
     if (joins) {
@@ -99,7 +98,7 @@ inline unsigned int CommonStart(char const * a, char const * b, OrderSource & so
   }
   // A character that leaves the class as it is needs the class of what stands before it.
   auto const keepsClass = [&](unsigned short c) {
-    return c != 0 && (source.Plain(c).traits & ZnPlainOrder::NoEntry) != 0 &&
+    return c != 0 && (source.ShortcutOf(c).Traits() & ZnPlainOrder::NoEntry) != 0 &&
            !MarksClassOfIdeographs(c);
   };
   return keepsClass(at(a, end)) || keepsClass(at(b, end)) ? 0 : end;

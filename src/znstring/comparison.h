@@ -2,7 +2,7 @@
 
 #include "zncodes.h"
 #include "znstrcmp.h"
-#include "znstring/order_entry.h"
+#include "znstring/wildcard_search.h"
 #include "znstring/wildcards.h"
 
 #include <optional>
@@ -20,12 +20,14 @@
 /// 2 finds `o` on both sides. Step 3 walks over the hyphen, against nothing: a difference in
 /// symbols. All letters being equal, case decides: lower case first, so the result is negative.
 ///
-/// An asterisk starts a search. From then on each unit of the first text counts, and the first
-/// text never goes back. Each place where the unit behind the asterisk occurs opens an
-/// alternative, a second place in the pattern that moves on in parallel. When the present place
-/// fails, the oldest alternative takes over, or else the place behind the asterisk. All
-/// alternatives stand at different places of the pattern, so there are never more of them than it
-/// has units, and the time is bounded by the product of the two lengths.
+/// An asterisk starts a search. Mostly wildcard_search.h does the rest. Where a limit counts units,
+/// or differences in front of the asterisk stay to be weighed, the engine goes on in steps. Then
+/// each unit of the first text counts, and the first text never goes back. Each place where the
+/// unit behind the asterisk occurs opens an alternative, a second place in the pattern that moves
+/// on in parallel. When the present place fails, the oldest alternative takes over, or else the
+/// place behind the asterisk. All alternatives stand at different places of the pattern, so there
+/// are never more of them than it has units, and the time is bounded by the product of the two
+/// lengths.
 
 namespace zntms {
 
@@ -42,6 +44,19 @@ struct Differences {
   int accent = 0;
   int symbol = 0;
 
+  /// The difference that ends a match under the flags, unless the first-level one, `primary`, does.
+  int Mismatch(unsigned short cmpOp, int primary = 0) const {
+    bool const ignoreCase = (cmpOp & ZnCmpIgnoreCase) != 0;
+    bool const ignoreAccents = (cmpOp & ZnCmpIgnoreAccents) != 0;
+    if (ignoreCase && ignoreAccents)
+      return primary;
+    if (ignoreAccents)
+      return letterCase;
+    if (ignoreCase)
+      return accent;
+    return accent | letterCase;
+  }
+
   /// The result, the letters being equal.
   int Result(unsigned short cmpOp) const {
     if (accent != 0 && (cmpOp & ZnCmpIgnoreAccents) == 0)
@@ -52,9 +67,6 @@ struct Differences {
   }
 };
 
-// The fields of a comparison key below the first level.
-inline constexpr unsigned int kCaseBits = 96;
-inline constexpr unsigned int kAccentBits = 31;
 inline constexpr unsigned int kPrimaryBits = ~(kCaseBits | kAccentBits);
 
 /// Unsigned numbers subtracted; the sign tells their order as long as they are not too far apart,
@@ -72,11 +84,6 @@ inline int CompareKeys(unsigned int a, unsigned int b, Differences & found) {
   if ((a & ~kCaseBits) != (b & ~kCaseBits))
     found.accent = KeyDifference(a & ~kCaseBits, b & ~kCaseBits);
   return KeyDifference(a & kPrimaryBits, b & kPrimaryBits);
-}
-
-/// Whether a unit is compared on the first level: no space and no symbol.
-constexpr bool IsSignificant(unsigned short order, unsigned char scriptClass) {
-  return order >= 16128 || order == 0 || scriptClass >= kIdeographClass;
 }
 
 /// The first difference of comparison keys in the first `limit` units.
@@ -100,7 +107,7 @@ public:
   template <class MakeA, class MakeB>
   Comparison(MakeA readA, MakeB readB, unsigned short cmpOp, Extent const & extent,
              Differences const & found)
-      : a_{readA()}, b_{readB()}, found_(found), cmpOp_(cmpOp), extent_(extent) {}
+      : a_{{readA()}}, b_{{readB()}}, found_(found), cmpOp_(cmpOp), extent_(extent) {}
 
   /// `fixClass`: the script class that the first step finds holds for the rest.
   int Run(bool fixClass) {
@@ -111,6 +118,8 @@ public:
         b_.reader.StopTracking();
       }
       if constexpr (Wildcards) {
+        if (b_.order == asterisk_ && extent_.limit == ~0u && found_.Mismatch(cmpOp_) == 0)
+          return WildcardSearch<Reader>(a_, b_.reader, cmpOp_).Run() ? found_.Result(cmpOp_) : -1;
         if ((search_.key != 0 || b_.order == asterisk_) && !PrepareSearch())
           return found_.Result(cmpOp_);
       }
@@ -127,12 +136,9 @@ public:
 
 private:
   /// One text and the unit that the present step found in it.
-  struct Side {
-    Reader reader;
-    unsigned int count = 0;   ///< units read
-    unsigned int key = 0;     ///< of the last unit
-    unsigned short order = 0; ///< of the last unit; 0 at the end
-    unsigned short held = 0;  ///< a space or symbol that is not skipped
+  struct Side : TextPlace<Reader> {
+    unsigned int count = 0;  ///< units read
+    unsigned short held = 0; ///< a space or symbol that is not skipped
     bool moving = false;
   };
 
@@ -167,10 +173,6 @@ private:
     return zntms::IsSignificant(side.order, side.reader.ScriptClass());
   }
 
-  bool IsSkipped(unsigned short order) const {
-    return (cmpOp_ & (order < 80 ? ZnCmpIgnoreSpaces : ZnCmpIgnoreSymbols)) != 0;
-  }
-
   /// Reads up to the next unit that counts, or that is to be compared with the other side's.
   void ReadSignificant(Side & side) {
     do {
@@ -179,7 +181,7 @@ private:
         side.moving = false;
         return;
       }
-    } while (IsSkipped(side.order));
+    } while (IsSkipped(side.order, cmpOp_));
     side.held = side.order;
   }
 
@@ -193,7 +195,7 @@ private:
         side.moving = false;
         return false;
       }
-    } while (IsSkipped(side.order));
+    } while (IsSkipped(side.order, cmpOp_));
     side.held = side.order;
     return false;
   }
@@ -201,7 +203,7 @@ private:
   void ReadUnits() {
     if constexpr (Wildcards) {
       if (search_.key != 0) {
-        ReadSearched();
+        ReadSignificant(a_);
         ReadPattern(b_);
         return;
       }
@@ -223,48 +225,13 @@ private:
     } while (a_.moving || b_.moving);
   }
 
-  /// Reads the first side in a search. Units that cannot be the one behind the asterisk change
-  /// nothing as long as the pattern stands there and no alternative is open.
-  void ReadSearched() {
-    if (!search_.atStart || search_.anyUnit || extent_.lastDifference != nullptr ||
-        Mismatch(0) != 0) {
-      ReadSignificant(a_);
-      return;
-    }
-    unsigned int const mask = Mask();
-    do {
-      if (a_.count < extent_.limit)
-        a_.count += a_.reader.PassOthers(search_.key, mask, extent_.limit - a_.count);
-      ReadSignificant(a_);
-    } while (a_.order != 0 && (a_.key & mask) != search_.key);
-  }
-
-  /// The bits of a key that count under the flags.
-  unsigned int Mask() const {
-    return ~(((cmpOp_ & ZnCmpIgnoreCase) != 0 ? kCaseBits : 0) |
-             ((cmpOp_ & ZnCmpIgnoreAccents) != 0 ? kAccentBits : 0));
-  }
-
-  /// Whether a search has to go on: the first side does not fit the pattern's place.
-  int Mismatch(int primary) const {
-    bool const ignoreCase = (cmpOp_ & ZnCmpIgnoreCase) != 0;
-    bool const ignoreAccents = (cmpOp_ & ZnCmpIgnoreAccents) != 0;
-    if (ignoreCase && ignoreAccents)
-      return primary;
-    if (ignoreAccents)
-      return found_.letterCase;
-    if (ignoreCase)
-      return found_.accent;
-    return found_.accent | found_.letterCase;
-  }
-
   /// Opens, moves and drops alternatives, and starts a search at an asterisk. False if the pattern
   /// ends with the asterisk: all the rest matches.
   bool PrepareSearch() {
-    unsigned int const mask = Mask();
+    unsigned int const mask = CountingBits(cmpOp_);
     // An alternative at the very place of the second side would fare as that does, unless
     // differences from before the asterisk make every unit a mismatch.
-    bool const redundant = search_.atStart && Mismatch(0) == 0;
+    bool const redundant = search_.atStart && found_.Mismatch(cmpOp_) == 0;
     search_.atStart = false;
     if (a_.key != 0 && !redundant &&
         ((search_.anyUnit && search_.key != 0) || (a_.key & mask) == search_.key)) {
@@ -280,7 +247,7 @@ private:
         do
           Take(b_);
         while (!IsSignificant(b_) && b_.order != asterisk_ && b_.order != question_ &&
-               IsSkipped(b_.order));
+               IsSkipped(b_.order, cmpOp_));
       } while (b_.order == asterisk_);
       if (b_.order == 0)
         return false;
@@ -289,7 +256,7 @@ private:
       return true;
     }
     std::erase_if(search_.alternatives, [&](Place & place) {
-      Side side{place.reader, place.count};
+      Side side{{place.reader}, place.count};
       ReadPattern(side);
       place.reader = side.reader;
       place.count = side.count;
@@ -318,7 +285,7 @@ private:
         primary = CompareKeys(a_.key, b_.key, found_);
       else if (a_.order == 0)
         primary = -1;
-      if (search_.key == 0 || a_.order == 0 || Mismatch(primary) == 0)
+      if (search_.key == 0 || a_.order == 0 || found_.Mismatch(cmpOp_, primary) == 0)
         return primary;
       if (!search_.alternatives.empty()) {
         Restart(search_.alternatives.front());

@@ -15,26 +15,34 @@ namespace {
 
 constexpr unsigned int kNullHash = 0xFEFE7575;
 
-/// Folds units until there are `length` of them; -1: until the end. Behind the end units count 0.
-template <class NextKey>
-unsigned int Fold(short length, NextKey && next) {
+/// Folds the keys of `length` units, -1: up to the end. Behind the end units count 0.
+template <class Reader>
+unsigned int FoldKeys(Reader reader, short length) {
   unsigned int hash = 0;
-  if (length < 0) {
-    while (unsigned int const key = next())
+  unsigned int left = length < 0 ? ~0u : static_cast<unsigned int>(length);
+  while (left != 0) {
+    reader.TakeLetters(left, [&](unsigned int key) {
       hash = key + hash * 9;
-    return hash;
+      --left;
+    });
+    if (left == 0)
+      break;
+    unsigned short const order = reader.Next();
+    if (order == 0 && length < 0)
+      break;
+    hash = ZnOrderKey(order, reader.ScriptClass()) + hash * 9;
+    --left;
   }
-  for (short i = 0; i < length; ++i)
-    hash = next() + hash * 9;
   return hash;
 }
 
-template <class Reader>
-unsigned int FoldKeys(Reader reader, short length) {
-  return Fold(length, [&] {
-    unsigned short const order = reader.Next();
-    return ZnOrderKey(order, reader.ScriptClass());
-  });
+/// The same for the bytes of code set 0, which are their own keys.
+unsigned int FoldBytes(char const * text, short length) {
+  unsigned int hash = 0;
+  unsigned int left = length < 0 ? ~0u : static_cast<unsigned int>(length);
+  for (; left != 0 && (length > 0 || *text != 0); --left)
+    hash = (*text != 0 ? static_cast<unsigned char>(*text++) : 0) + hash * 9;
+  return hash;
 }
 
 } // namespace
@@ -46,9 +54,7 @@ unsigned int HashString(unsigned char codeSet, unsigned char language, char * te
   if (length == 0 || text == nullptr)
     return 0;
   if (codeSet == 0)
-    return Fold(length, [&]() -> unsigned int {
-      return *text == 0 ? 0 : static_cast<unsigned char>(*text++);
-    });
+    return FoldBytes(text, length);
   OrderSource source(codeSet, language, byteOrder);
   if (!source.HasPages())
     return FoldKeys(IteratorReader(source, text), length);

@@ -4,8 +4,8 @@
 #include "znchar.h"
 #include "znstring/characters.h"
 #include "znstring/order_entry.h"
+#include "znstring/shortcut.h"
 
-#include <atomic>
 #include <optional>
 
 /// Readers of order units for the inner loops of comparison and hashing.
@@ -13,37 +13,10 @@
 /// A reader gives the order numbers of a text one by one, with the script class of the last one,
 /// as `ZnStringIterator::GetNextOrder(1)` does. It is cheap to copy: a copy is a saved place.
 ///
-/// `OrderReader` works on the shortcut pages of the order table, one lookup a character, and
-/// hands to an iterator only what these pages cannot tell. `IteratorReader` takes any text.
+/// `OrderReader` works on the shortcuts of the order table, one lookup a character, and hands to an
+/// iterator only what these cannot tell. `IteratorReader` takes any text.
 
 namespace zntms {
-
-using OrderPages = ZnPlainOrder const * const *;
-
-/// The shortcut pages of a code set, other than 0 and 255; null if it has no order table. Asked of
-/// the language component once: its tables stay where they are.
-inline OrderPages PagesOf(unsigned char codeSet) {
-  static constinit std::atomic<OrderPages> known[256];
-  OrderPages pages = known[codeSet].load(std::memory_order_relaxed);
-  if (pages == nullptr) [[unlikely]] {
-    ZnOrderTable const * const table = ZnLanguageContext::QueryCodeSet(codeSet)->orderTable;
-    pages = table != nullptr ? table->pages : nullptr;
-    known[codeSet].store(pages, std::memory_order_relaxed);
-  }
-  return pages;
-}
-
-/// The traits of shortcuts that matter in a language: all, or all but variants.
-inline unsigned char RelevantTraits(unsigned char language) {
-  static constinit std::atomic<unsigned char> known[256];
-  unsigned char traits = known[language].load(std::memory_order_relaxed);
-  if (traits == 0) [[unlikely]] {
-    traits =
-        static_cast<unsigned char>(IsTailored(language) ? 255 : 255 & ~ZnPlainOrder::HasVariants);
-    known[language].store(traits, std::memory_order_relaxed);
-  }
-  return traits;
-}
 
 /// How texts of one code set and language are read. What few texts need is found when they do.
 class OrderSource {
@@ -54,7 +27,8 @@ public:
                 : codeSetId == 0 ? ZnLanguageContext::GetNativeCodeSet()
                                  : codeSetId),
         language(languageId == 255 ? ZnLanguageContext::GetDefaultLanguage() : languageId),
-        byteOrder(order), relevant_(RelevantTraits(language)), pages_(PagesOf(codeSet)) {}
+        byteOrder(order), relevant_(RelevantTraitsOf(codeSet, language)), pages_(PagesOf(codeSet)) {
+  }
 
   bool ReadsLike(OrderSource const & other) const {
     return codeSet == other.codeSet && language == other.language;
@@ -67,21 +41,17 @@ public:
            (CharacterWidth(codeSet) == 1 || !IsBigEndian(byteOrder));
   }
 
-  OrderPages Pages() const { return pages_; }
-  ZnPlainOrder const & Plain(unsigned short c) const { return pages_[c >> 8][c & 255]; }
+  Shortcut ShortcutOf(unsigned short c) const { return {pages_, c}; }
 
-  /// The traits of a character that matter: 0 if its shortcut tells everything. `next` is asked
-  /// for the character behind.
-  template <class Next>
-  unsigned int Traits(ZnPlainOrder const & plain, Next && next) const {
-    unsigned int const traits = plain.traits & relevant_;
-    if (traits == ZnPlainOrder::ContractsWithMarks && next() < kFirstMark)
-      return 0;
-    return traits;
+  /// Whether the shortcut of a character tells everything of it, the character behind being `next`.
+  bool IsPlain(Shortcut shortcut, unsigned short next) const {
+    unsigned int const traits = shortcut.Traits() & relevant_;
+    return traits == 0 || (traits == ZnPlainOrder::ContractsWithMarks && next < kFirstMark);
   }
 
-  unsigned char ClassOf(ZnPlainOrder const & plain) {
-    return plain.scriptClass != ZnPlainOrder::LanguageClass ? plain.scriptClass : LanguageClass();
+  unsigned char ClassOf(Shortcut shortcut) {
+    unsigned char const scriptClass = shortcut.ScriptClass();
+    return scriptClass != ZnPlainOrder::LanguageClass ? scriptClass : LanguageClass();
   }
 
   /// The class that a reading starts with, and that characters without a class of their own have.
@@ -95,7 +65,7 @@ public:
   bool Joins(unsigned short c, unsigned short next) const {
     constexpr unsigned int joining =
         ZnPlainOrder::HasVariants | ZnPlainOrder::Contracts | ZnPlainOrder::ContractsWithMarks;
-    unsigned int const traits = Plain(c).traits & relevant_ & joining;
+    unsigned int const traits = ShortcutOf(c).Traits() & relevant_ & joining;
     if (traits == 0 || (traits == ZnPlainOrder::ContractsWithMarks && next < kFirstMark)) [[likely]]
       return false;
     ZnCharOrderProps const * const entry =
@@ -118,6 +88,12 @@ public:
   unsigned char const byteOrder;
 
 private:
+  /// A code set of one byte has no combining marks.
+  static unsigned char RelevantTraitsOf(unsigned char codeSet, unsigned char language) {
+    unsigned char const noMarks = static_cast<unsigned char>(~ZnPlainOrder::ContractsWithMarks);
+    return RelevantTraits(language) & (CharacterWidth(codeSet) == 1 ? noMarks : 255);
+  }
+
   unsigned char const relevant_;
   OrderPages const pages_; ///< null for a code set without order table
   std::optional<unsigned char> languageClass_;
@@ -139,16 +115,14 @@ public:
 
   unsigned short Next() {
     if (state_.expansion == nullptr) [[likely]] {
-      char const * const place = state_.place;
-      unsigned short const c = ReadCharacter<Width>(place);
+      unsigned short const c = ReadCharacter<Width>(state_.place);
       if (c == 0)
         return 0;
-      ZnPlainOrder const & plain = source_->Plain(c);
-      unsigned int const traits = source_->Traits(plain, [place] { return NextOf(place); });
-      if (traits == 0) [[likely]] {
-        state_.scriptClass = source_->ClassOf(plain);
+      Shortcut const shortcut = source_->ShortcutOf(c);
+      if (source_->IsPlain(shortcut, ReadCharacter<Width>(state_.place + Width))) [[likely]] {
+        state_.scriptClass = source_->ClassOf(shortcut);
         state_.place += Width;
-        return plain.order;
+        return shortcut.Order();
       }
     }
     Unit const unit = ReadInFull(*source_, state_);
@@ -156,37 +130,25 @@ public:
     return unit.order;
   }
 
-  /// Moves over plain characters, at most `most`, to the next that is the letter of the comparison
-  /// key `key` in the bits of `mask`, or that the pages do not tell. Gives the number passed.
-  unsigned int PassOthers(unsigned int key, unsigned int mask, unsigned int most) {
-    if (state_.expansion != nullptr || (key & 0x400000) == 0)
-      return 0;
-    // Letters are compared as they stand in the shortcuts: class and order.
-    auto const orderBits = [](unsigned int k) { return (k >> 8 & 0x407F) | (k & 0x7F) << 7; };
-    unsigned int const wanted = key >> 24 << 16 | orderBits(key);
-    unsigned int const counts = 0xFF8000 | orderBits(mask);
-    unsigned int passed = 0;
-    for (; passed < most; ++passed) {
-      unsigned short const c = ReadCharacter<Width>(state_.place);
-      if (c == 0)
-        break;
-      ZnPlainOrder const & plain = source_->Plain(c);
-      unsigned int const letter = static_cast<unsigned int>(plain.scriptClass) << 16 | plain.order;
-      if (((letter ^ wanted) & counts) == 0 ||
-          source_->Traits(plain, [this] { return NextOf(state_.place); }) != 0)
-        break;
-      state_.scriptClass = source_->ClassOf(plain);
-      state_.place += Width;
-    }
-    return passed;
+  /// Moves over plain characters to the next that is the letter of the comparison key `key` in the
+  /// bits of `mask`, or that its shortcut does not tell.
+  void PassOthers(unsigned int key, unsigned int mask) {
+    if (!IsLetterKey(key))
+      return;
+    Shortcut::IsLetterOf const isWanted(key, mask);
+    PassPlain([isWanted](Shortcut shortcut) { return !isWanted(shortcut); });
   }
 
-  /// The character behind the one at `place`, as far as contractions with marks go.
-  static unsigned short NextOf(char const * place) {
-    if constexpr (Width == 1)
-      return 0;
-    else
-      return ReadCharacter<2>(place + 2);
+  /// Moves over plain letters, at most `most`, and gives the comparison key of each to `take`.
+  template <class Take>
+  void TakeLetters(unsigned int most, Take && take) {
+    PassPlain([&](Shortcut shortcut) {
+      if (most == 0 || !shortcut.IsLetter())
+        return false;
+      take(shortcut.LetterKey());
+      --most;
+      return true;
+    });
   }
 
 private:
@@ -202,6 +164,28 @@ private:
     unsigned short order;
   };
 
+  /// Moves over plain characters as long as `pass` says so of their shortcuts.
+  template <class Pass>
+  void PassPlain(Pass pass) {
+    if (state_.expansion != nullptr)
+      return;
+    char const * place = state_.place;
+    Shortcut last;
+    for (unsigned short c = ReadCharacter<Width>(place); c != 0;) {
+      Shortcut const shortcut = source_->ShortcutOf(c);
+      unsigned short const next = ReadCharacter<Width>(place + Width);
+      if (!source_->IsPlain(shortcut, next) || !pass(shortcut))
+        break;
+      last = shortcut;
+      place += Width;
+      c = next;
+    }
+    if (place == state_.place)
+      return;
+    state_.place = place;
+    state_.scriptClass = source_->ClassOf(last);
+  }
+
   // Takes and gives values, so that a reader can live in registers.
   [[gnu::noinline]] static Unit ReadInFull(OrderSource & source, State state) {
     unsigned short order = 0;
@@ -214,7 +198,7 @@ private:
       return {state, order};
     }
     unsigned short const c = ReadCharacter<Width>(state.place);
-    if ((source.Plain(c).traits & ZnPlainOrder::NoEntry) != 0 && MarksClassOfIdeographs(c)) {
+    if ((source.ShortcutOf(c).Traits() & ZnPlainOrder::NoEntry) != 0 && MarksClassOfIdeographs(c)) {
       state.scriptClass = kIdeographClass;
       state.place += Width;
       return {state, c};
@@ -239,7 +223,9 @@ public:
   /// From now on the class stays what it is.
   void StopTracking() { tracking_ = 0; }
   unsigned short Next() { return iterator_.GetNextOrder(tracking_); }
-  unsigned int PassOthers(unsigned int, unsigned int, unsigned int) { return 0; }
+  void PassOthers(unsigned int, unsigned int) {}
+  template <class Take>
+  void TakeLetters(unsigned int, Take &&) {}
 
 private:
   ZnStringIterator iterator_;

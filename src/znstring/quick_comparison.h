@@ -15,64 +15,129 @@
 
 namespace zntms {
 
-/// Whether two letters without further properties, or a letter and an end, stand at the first
-/// difference of two texts that read alike, and decide; `result` then is the result. Looks no
-/// further than some dozens of characters, and with wildcards not behind the first. Otherwise
-/// `skip` is the number of characters that the rest of the comparison need not look at.
+/// Whether a contraction may begin in the characters from `start` up to `place`, which both texts
+/// have, and go on behind them. `traits` are those that matter.
+template <int Width>
+inline bool MayHangOver(OrderPages pages, unsigned int traits, char const * start,
+                        char const * place) {
+  auto const count = static_cast<unsigned int>(place - start) / Width;
+  for (unsigned int back = 1; back < kLongestContraction && back <= count; ++back) {
+    unsigned short const c = ReadCharacter<Width>(place - back * Width);
+    Shortcut const shortcut(pages, c);
+    if (MayRepeat<Width>(c, shortcut) || (shortcut.Traits() & traits) != 0)
+      return true;
+  }
+  return false;
+}
+
+/// Two characters that differ, one of them perhaps the end, and what shortcuts tell of them.
+template <int Width>
+class DifferingCharacters {
+public:
+  /// `common` is what the texts have in common before, one character or another.
+  DifferingCharacters(OrderPages pages, char const * p, char const * q, unsigned int common)
+      : x_(ShortcutAt(pages, p)), y_(ShortcutAt(pages, q)) {
+    if constexpr (Width == 2)
+      marks_ = (common | Near(p) | Near(q)) >= kFirstMark;
+  }
+
+  /// Whether combining marks may be among the characters up to the two behind these.
+  bool MarksNear() const { return marks_; }
+
+  /// Those of the given traits that matter here.
+  unsigned int Matter(unsigned int traits) const {
+    return marks_ ? traits : traits & ~static_cast<unsigned int>(ZnPlainOrder::ContractsWithMarks);
+  }
+
+  bool ArePlainLetters(unsigned int matter) const {
+    return Shortcut::ArePlainLetters(x_, y_, matter);
+  }
+
+  /// Their difference on the first level, if they are letters.
+  int FirstLevel() const { return Shortcut::FirstLevelDifference(x_, y_); }
+
+  /// Keeps their other differences, if they are letters.
+  void Keep(Differences & found) const { CompareKeys(x_.LetterKey(), y_.LetterKey(), found); }
+
+  bool SecondIs(unsigned short order) const { return y_.Order() == order; }
+
+private:
+  static Shortcut ShortcutAt(OrderPages pages, char const * place) {
+    unsigned short const c = ReadCharacter<Width>(place);
+    Shortcut const shortcut(pages, c);
+    return c != 0 ? shortcut : Shortcut::LowestLetter();
+  }
+
+  /// The character at `place` or the next one; not behind the end.
+  static unsigned int Near(char const * place) {
+    unsigned int const c = ReadCharacter<2>(place);
+    return c | ReadCharacter<2>(place + 2 * static_cast<std::size_t>(c != 0));
+  }
+
+  Shortcut x_; ///< of the first character; the lowest letter for the end
+  Shortcut y_;
+  bool marks_ = false;
+};
+
+/// What a first look at two texts of one code set and language tells.
+struct FirstLook {
+  bool decided = false;
+  int result = 0;        ///< if decided
+  unsigned int skip = 0; ///< else the characters that a closer look may pass over on both sides
+};
+
+/// Compares two texts by the characters in which they differ, as long as these are letters without
+/// further properties, or ends: they decide, or leave a difference in accent or case.
 ///
-/// A shortcut is taken as one number here: traits, class, order from high to low.
-template <int Width, bool Wildcards>
-inline bool DecideAtFirstDifference(OrderPages pages, unsigned int relevantTraits, char const * a,
-                                    char const * b, int & result, unsigned int & skip) {
-  constexpr unsigned int primaryBits = 0xFF407F;
-  auto const shortcut = [pages](unsigned short c) {
-    unsigned int plain;
-    static_assert(sizeof plain == sizeof(ZnPlainOrder));
-    std::memcpy(&plain, &pages[c >> 8][c & 255], sizeof plain);
-    return plain;
-  };
-  auto const isLetter = [](unsigned int plain) {
-    return (plain & 0xC000) == 0x4000 && (plain >> 16 & 255) < kIdeographClass;
-  };
-  int i = 0;
-  unsigned short c, d;
-  for (;; ++i) {
-    c = ReadCharacter<Width>(a + i * Width);
-    d = ReadCharacter<Width>(b + i * Width);
-    if (c != d)
-      break;
-    if (Wildcards || c == 0 || i == 31)
-      return false;
+/// Without `Careful` it calls nothing, and gives up at what may hang over or is not known yet.
+template <int Width, bool Careful>
+inline FirstLook LookAtDifferences(unsigned char codeSet, unsigned char language, char const * a,
+                                   char const * b, unsigned short cmpOp) {
+  Differences found;
+  std::size_t start = 0;
+  for (std::size_t i = 0;; start = i) {
+    unsigned int common = 0; // all characters that both texts have from here on, one or another
+    for (;; i += Width) {
+      unsigned int const c = ReadCharacter<Width>(a + i);
+      if (c != ReadCharacter<Width>(b + i))
+        break;
+      if (c == 0)
+        return {true, found.Result(cmpOp)};
+      common |= c;
+    }
+    OrderPages const pages = Careful ? PagesOf(codeSet) : known.Pages(codeSet);
+    if (pages == nullptr)
+      return {};
+    unsigned int const traits = Careful ? RelevantTraits(language) : known.Traits(language);
+    unsigned int const quiet = Careful ? QuietBelow(codeSet, traits) : known.Quiet(codeSet, traits);
+    DifferingCharacters<Width> const pair(pages, a + i, b + i, common);
+    unsigned int const matter = pair.Matter(traits);
+    if ((common >= quiet || pair.MarksNear()) &&
+        (!Careful || MayHangOver<Width>(pages, matter, a + start, a + i)))
+      return {};
+    if (!pair.ArePlainLetters(matter))
+      return {false, 0, start == 0 ? static_cast<unsigned int>(i / Width) : 0};
+    int const primary = pair.FirstLevel();
+    if (primary != 0)
+      return {true, primary};
+    pair.Keep(found);
+    i += Width;
   }
-  unsigned int const x = c != 0 ? shortcut(c) : 0;
-  unsigned int const y = d != 0 ? shortcut(d) : 0;
-  unsigned int traits = x | y;
-  unsigned int characters = c | d;
-  for (int back = i - 1; back >= 0 && back > i - static_cast<int>(kLongestContraction); --back) {
-    unsigned short const before = ReadCharacter<Width>(a + back * Width);
-    if (MayRepeat<Width>(before, pages[before >> 8][before & 255]))
-      return false;
-    traits |= shortcut(before);
-    characters |= before;
-  }
-  if constexpr (Width == 2) {
-    characters |= c != 0 ? ReadCharacter<2>(a + 2 * i + 2) : 0;
-    characters |= d != 0 ? ReadCharacter<2>(b + 2 * i + 2) : 0;
-    if (characters < kFirstMark)
-      relevantTraits &= ~static_cast<unsigned int>(ZnPlainOrder::ContractsWithMarks);
-  }
-  if ((traits >> 24 & relevantTraits) != 0)
-    return false;
-  skip = static_cast<unsigned int>(i);
-  if ((c != 0 && !isLetter(x)) || (d != 0 && !isLetter(y)))
-    return false;
-  if constexpr (Wildcards) {
-    unsigned short const order = static_cast<unsigned short>(y);
-    if (order == asteriskOrder.Get() || order == questionOrder.Get())
-      return false;
-  }
-  result = static_cast<int>(x & primaryBits) - static_cast<int>(y & primaryBits);
-  return result != 0;
+}
+
+/// Compares the first characters alone, the second being that of a pattern: gives 0 if they do not
+/// decide, or if there is more to them.
+template <int Width>
+inline int CompareFirst(unsigned char codeSet, unsigned char language, char const * text,
+                        char const * pattern) {
+  OrderPages const pages = PagesOf(codeSet);
+  if (pages == nullptr)
+    return 0;
+  DifferingCharacters<Width> const pair(pages, text, pattern, 0);
+  bool const plain = pair.ArePlainLetters(pair.Matter(RelevantTraits(language)));
+  return plain && !pair.SecondIs(asteriskOrder.Get()) && !pair.SecondIs(questionOrder.Get())
+             ? pair.FirstLevel()
+             : 0;
 }
 
 template <int Width>
@@ -85,8 +150,16 @@ public:
   /// Compares to the end; with wildcards in the second text unless `Wildcards` is false.
   template <bool Wildcards>
   int Run(unsigned short cmpOp) {
-    if (Compare<Wildcards>())
+    switch (Compare<Wildcards>()) {
+    case End::Decided:
       return primary_ != 0 ? primary_ : found_.Result(cmpOp);
+    case End::Asterisk:
+      if (found_.Mismatch(cmpOp) == 0)
+        return Search(cmpOp) ? found_.Result(cmpOp) : -1;
+      break;
+    case End::NotPlain:
+      break;
+    }
     return GoOn<Wildcards>(cmpOp);
   }
 
@@ -117,6 +190,16 @@ private:
     }
   };
 
+  /// Whether the rest matches, the pattern being at an asterisk.
+  bool Search(unsigned short cmpOp) const {
+    using Search = WildcardSearch<OrderReader<Width>>;
+    typename Search::Place text{a_.Reader()};
+    Search::ReadText(text, cmpOp);
+    OrderReader<Width> pattern = b_.Reader();
+    pattern.Next();
+    return Search(text, pattern, cmpOp).Run();
+  }
+
   // Kept apart, so that the quick part has a small frame.
   template <bool Wildcards>
   [[gnu::noinline]] int GoOn(unsigned short cmpOp) const {
@@ -140,33 +223,35 @@ private:
     unsigned short const c = ReadCharacter<Width>(place);
     if (c == 0)
       return {};
-    ZnPlainOrder const & plain = side.source.Plain(c);
-    if (side.source.Traits(plain, [place] { return OrderReader<Width>::NextOf(place); }) != 0)
+    Shortcut const shortcut = side.source.ShortcutOf(c);
+    if (!side.source.IsPlain(shortcut, ReadCharacter<Width>(place + Width)))
       return {0, 0, false};
-    return {plain.order, side.source.ClassOf(plain), true};
+    return {shortcut.Order(), side.source.ClassOf(shortcut), true};
   }
 
-  /// True if the comparison is decided.
+  enum class End { Decided, Asterisk, NotPlain };
+
+  /// Compares as far as it can, and tells why it ended.
   template <bool Wildcards>
-  bool Compare() {
+  End Compare() {
     unsigned short const asterisk = Wildcards ? asteriskOrder.Get() : 0;
     unsigned short const question = Wildcards ? questionOrder.Get() : 0;
     for (;;) {
       Unit const x = Look(a_);
       Unit const y = Look(b_);
-      if (!x.plain || !y.plain)
-        return false;
-      if (Wildcards && (y.order == asterisk || y.order == question))
-        return false;
+      if (!x.plain || !y.plain || (Wildcards && y.order == question))
+        return End::NotPlain;
+      if (Wildcards && y.order == asterisk)
+        return End::Asterisk;
       if (x != y) {
         if (!IsSignificant(x.order, x.scriptClass) || !IsSignificant(y.order, y.scriptClass))
-          return false;
+          return End::NotPlain;
         primary_ = CompareKeys(ZnOrderKey(x.order, x.scriptClass),
                                ZnOrderKey(y.order, y.scriptClass), found_);
         if (primary_ != 0)
-          return true;
+          return End::Decided;
       } else if (x.order == 0) {
-        return true;
+        return End::Decided;
       }
       Pass(a_, x);
       Pass(b_, y);

@@ -86,18 +86,28 @@ int CompareTexts(OrderSource & sourceA, char const * a, OrderSource & sourceB, c
                       textB != nullptr ? textB : kEmptyText, cmpOp, extent);
 }
 
-/// The rest of a comparison of whole texts of one code set and language, which are known to agree
-/// in what was skipped.
+/// Compares whole texts of one code set and language that no first look decided.
 template <int Width>
-[[gnu::noinline]] int CompareRest(unsigned char codeSet, unsigned char language, char const * a,
-                                  char const * b, unsigned int skip, unsigned short cmpOp) {
+[[gnu::noinline]] int CompareClosely(unsigned char codeSet, unsigned char language, char const * a,
+                                     char const * b, unsigned short cmpOp) {
   OrderSource source(codeSet, language, 1);
   if (!source.HasPages())
     return CompareReaders(IteratorReader(source, a), IteratorReader(source, b), cmpOp, Extent(),
                           false);
-  if (skip == 0)
-    return CompareQuickly<Width>(source, a, source, b, cmpOp);
-  return QuickComparison<Width>(source, a + skip * Width, source, b + skip * Width)
+  return CompareQuickly<Width>(source, a, source, b, cmpOp);
+}
+
+/// The same without wildcards, after a first look that called nothing.
+template <int Width>
+[[gnu::noinline]] int CompareDifferences(unsigned char codeSet, unsigned char language,
+                                         char const * a, char const * b, unsigned short cmpOp) {
+  FirstLook const look = LookAtDifferences<Width, true>(codeSet, language, a, b, cmpOp);
+  if (look.decided)
+    return look.result;
+  if (look.skip == 0)
+    return CompareClosely<Width>(codeSet, language, a, b, cmpOp);
+  OrderSource source(codeSet, language, 1);
+  return QuickComparison<Width>(source, a + look.skip * Width, source, b + look.skip * Width)
       .template Run<false>(cmpOp);
 }
 
@@ -105,17 +115,17 @@ template <int Width>
 template <int Width>
 inline int CompareAlike(unsigned char codeSet, unsigned char language, char const * a,
                         char const * b, unsigned short cmpOp) {
-  OrderPages const pages = PagesOf(codeSet);
-  unsigned int skip = 0;
-  if (pages != nullptr && (cmpOp & ZnCmpKeysOnly) == 0) [[likely]] {
-    int result = 0;
-    unsigned int const traits = RelevantTraits(language);
-    if ((cmpOp & ZnCmpNoWildcards) != 0
-            ? DecideAtFirstDifference<Width, false>(pages, traits, a, b, result, skip)
-            : DecideAtFirstDifference<Width, true>(pages, traits, a, b, result, skip))
-      return result;
-  }
-  return CompareRest<Width>(codeSet, language, a, b, skip, cmpOp);
+  FirstLook const look = LookAtDifferences<Width, false>(codeSet, language, a, b, cmpOp);
+  return look.decided ? look.result : CompareDifferences<Width>(codeSet, language, a, b, cmpOp);
+}
+
+/// The same with wildcards in the second text, or by keys.
+template <int Width>
+[[gnu::noinline]] int MatchAlike(unsigned char codeSet, unsigned char language, char const * a,
+                                 char const * b, unsigned short cmpOp) {
+  int const result =
+      (cmpOp & ZnCmpKeysOnly) == 0 ? CompareFirst<Width>(codeSet, language, a, b) : 0;
+  return result != 0 ? result : CompareClosely<Width>(codeSet, language, a, b, cmpOp);
 }
 
 } // namespace
@@ -125,13 +135,16 @@ int ZnStrCmp(unsigned char codeSetA, unsigned char languageA, char const * textA
              unsigned short cmpOp, short maxLength, unsigned char byteOrder, int * lastDifference) {
   // Most texts are of one code set and language, compared whole, and most of these are decided by
   // the first letters that differ.
-  bool const alike = codeSetA == codeSetB && languageA == languageB && maxLength == -1;
+  bool const alike = ((codeSetA ^ codeSetB) | (languageA ^ languageB) | (maxLength + 1)) == 0;
   if (alike && languageA < kNullLanguage && codeSetA - 1u < kOrderTextCodeSet - 1u &&
       textA != nullptr && textB != nullptr) [[likely]] {
+    bool const literal = (cmpOp & kLiteral) == ZnCmpNoWildcards;
     if (CharacterWidth(codeSetA) == 1)
-      return CompareAlike<1>(codeSetA, languageA, textA, textB, cmpOp);
+      return literal ? CompareAlike<1>(codeSetA, languageA, textA, textB, cmpOp)
+                     : MatchAlike<1>(codeSetA, languageA, textA, textB, cmpOp);
     if (!IsBigEndian(byteOrder))
-      return CompareAlike<2>(codeSetA, languageA, textA, textB, cmpOp);
+      return literal ? CompareAlike<2>(codeSetA, languageA, textA, textB, cmpOp)
+                     : MatchAlike<2>(codeSetA, languageA, textA, textB, cmpOp);
   }
   return CompareAny(codeSetA, languageA, textA, codeSetB, languageB, textB, cmpOp, maxLength,
                     byteOrder, lastDifference);
