@@ -2,8 +2,7 @@
 
 #include "znstring/order_reader.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cstddef>
 
 /// How much of two texts need not be looked at because their bytes agree.
 ///
@@ -26,60 +25,54 @@ inline bool MayRepeat(unsigned short c, Shortcut shortcut) {
   return c >= kFirstThatRepeats<Width> && (shortcut.Order() & 0xC000) != 0x4000;
 }
 
-/// Marks a common start that ends with the terminator: the texts are the same.
-inline constexpr unsigned int kSameText = ~0u;
+/// What two texts begin with, up to the first characters that differ, or up to the end of both.
+struct EqualStart {
+  std::size_t count = 0;
+  unsigned int characters = 0; ///< all of them, one or another; may be more than they are
+};
 
-/// Number of equal characters at the start, or `kSameText`.
+/// Texts of one byte a character are compared in words of eight, as far as both are known to reach.
+EqualStart CountEqualBytes(char const * a, char const * b);
+
+/// Moves `place` over what two texts have in common from there on, and gives all characters passed,
+/// one or another, in `characters`. True if both texts end there.
 template <int Width>
-inline unsigned int CountEqual(char const * a, char const * b) {
-  unsigned int i = 0;
+inline bool PassEqual(char const * a, char const * b, std::size_t & place,
+                      unsigned int & characters) {
+  characters = 0;
   if constexpr (Width == 1) {
-    // Short starts are the rule. Behind them blocks are worth their cost: a block is as long as
-    // both texts are known to be.
-    for (; i < 24; ++i) {
-      if (a[i] != b[i])
-        return i;
-      if (a[i] == 0)
-        return kSameText;
-    }
-    for (std::size_t block = 64;; block = std::min<std::size_t>(block * 2, 4096)) {
-      std::size_t const length = strnlen(b + i, strnlen(a + i, block));
-      std::size_t done = 0;
-      for (; done + 8 <= length; done += 8) {
-        unsigned long long x, y;
-        std::memcpy(&x, a + i + done, 8);
-        std::memcpy(&y, b + i + done, 8);
-        if (x != y)
-          break;
-      }
-      while (done < length && a[i + done] == b[i + done])
-        ++done;
-      i += static_cast<unsigned int>(done);
-      if (done < block) {
-        if (a[i] != b[i])
-          return i;
-        if (a[i] == 0)
-          return kSameText;
-      }
-    }
+    if (a[place] != b[place])
+      return false;
+    EqualStart const equal = CountEqualBytes(a + place, b + place);
+    place += equal.count;
+    characters = equal.characters;
+    return (a[place] | b[place]) == 0;
   } else {
-    for (;; ++i) {
-      unsigned short const x = ReadCharacter<2>(a + 2 * i);
-      if (x != ReadCharacter<2>(b + 2 * i))
-        return i;
-      if (x == 0)
-        return kSameText;
+    for (;; place += Width) {
+      unsigned int const c = ReadCharacter<Width>(a + place);
+      if (c != ReadCharacter<Width>(b + place))
+        return false;
+      if (c == 0)
+        return true;
+      characters |= c;
     }
   }
 }
+
+/// Marks a common start that ends with the terminator: the texts are the same.
+inline constexpr unsigned int kSameText = ~0u;
 
 /// Characters that both texts, of one code set and language, begin with and that comparison may
 /// skip; `kSameText` if the texts are the same. `source` is that of either text.
 template <int Width>
 inline unsigned int CommonStart(char const * a, char const * b, OrderSource & source) {
-  unsigned int const equal = CountEqual<Width>(a, b);
-  if (equal == 0 || equal == kSameText)
-    return equal;
+  std::size_t bytes = 0;
+  unsigned int characters = 0;
+  if (PassEqual<Width>(a, b, bytes, characters))
+    return kSameText;
+  unsigned int const equal = static_cast<unsigned int>(bytes / Width);
+  if (equal == 0)
+    return 0;
   auto const at = [](char const * text, unsigned int i) {
     return ReadCharacter<Width>(text + i * Width);
   };

@@ -79,47 +79,36 @@ private:
   bool marks_ = false;
 };
 
-/// What a first look at two texts of one code set and language tells.
-struct FirstLook {
-  bool decided = false;
-  int result = 0;        ///< if decided
-  unsigned int skip = 0; ///< else the characters that a closer look may pass over on both sides
-};
-
 /// Compares two texts by the characters in which they differ, as long as these are letters without
-/// further properties, or ends: they decide, or leave a difference in accent or case.
+/// further properties, or ends: they decide, or leave a difference in accent or case. Otherwise it
+/// gives what `closely` does with the number of bytes that a closer look may pass over on both
+/// sides.
 ///
-/// Without `Careful` it calls nothing, and gives up at what may hang over or is not known yet.
-template <int Width, bool Careful>
-inline FirstLook LookAtDifferences(unsigned char codeSet, unsigned char language, char const * a,
-                                   char const * b, unsigned short cmpOp) {
+/// Without `Careful` it calls nothing else, and gives up at what may hang over or is not known yet.
+template <int Width, bool Careful, class Closely>
+inline int CompareDifferences(unsigned char codeSet, unsigned char language, char const * a,
+                              char const * b, unsigned short cmpOp, Closely closely) {
   Differences found;
   std::size_t start = 0;
   for (std::size_t i = 0;; start = i) {
-    unsigned int common = 0; // all characters that both texts have from here on, one or another
-    for (;; i += Width) {
-      unsigned int const c = ReadCharacter<Width>(a + i);
-      if (c != ReadCharacter<Width>(b + i))
-        break;
-      if (c == 0)
-        return {true, found.Result(cmpOp)};
-      common |= c;
-    }
+    unsigned int common; // all characters that both texts have from here on, one or another
+    if (PassEqual<Width>(a, b, i, common))
+      return found.Result(cmpOp);
     OrderPages const pages = Careful ? PagesOf(codeSet) : known.Pages(codeSet);
     if (pages == nullptr)
-      return {};
+      return closely(0);
     unsigned int const traits = Careful ? RelevantTraits(language) : known.Traits(language);
     unsigned int const quiet = Careful ? QuietBelow(codeSet, traits) : known.Quiet(codeSet, traits);
     DifferingCharacters<Width> const pair(pages, a + i, b + i, common);
     unsigned int const matter = pair.Matter(traits);
     if ((common >= quiet || pair.MarksNear()) &&
         (!Careful || MayHangOver<Width>(pages, matter, a + start, a + i)))
-      return {};
+      return closely(0);
     if (!pair.ArePlainLetters(matter))
-      return {false, 0, start == 0 ? static_cast<unsigned int>(i / Width) : 0};
+      return closely(start == 0 ? i : 0);
     int const primary = pair.FirstLevel();
     if (primary != 0)
-      return {true, primary};
+      return primary;
     pair.Keep(found);
     i += Width;
   }

@@ -2,6 +2,8 @@
 
 #include "znstring/characters.h"
 
+#include <algorithm>
+
 namespace zntms {
 
 constinit KnownOrders known;
@@ -23,11 +25,14 @@ unsigned char KnownOrders::FindTraits(unsigned char language) {
 unsigned short KnownOrders::FindQuiet(unsigned char codeSet, unsigned int traits) {
   OrderPages const pages = PagesOf(codeSet);
   unsigned int const joining = traits & (ZnPlainOrder::HasVariants | ZnPlainOrder::Contracts);
-  unsigned int const end =
-      CharacterWidth(codeSet) == 1 ? kFirstThatRepeats<1> : kFirstThatRepeats<2>;
+  bool const narrow = CharacterWidth(codeSet) == 1;
+  unsigned short const end = narrow ? 256 : kFirstMark;
   unsigned short quiet = 1;
   while (quiet < end && (Shortcut(pages, quiet).Traits() & joining) == 0)
     ++quiet;
+  // Where nothing contracts marks do no harm either.
+  if (narrow && quiet < end)
+    quiet = std::min(quiet, kFirstThatRepeats<1>);
   quiet_[traits & ZnPlainOrder::HasVariants][codeSet].store(quiet, std::memory_order_relaxed);
   return quiet;
 }

@@ -60,30 +60,43 @@ int CompareTexts(OrderSource & sourceA, char const * a, OrderSource & sourceB, c
                                      extent, false);
 }
 
-[[gnu::noinline]] int CompareAny(unsigned char codeSetA, unsigned char languageA,
-                                 char const * textA, unsigned char codeSetB,
-                                 unsigned char languageB, char const * textB, unsigned short cmpOp,
-                                 short maxLength, unsigned char byteOrder, int * lastDifference) {
-  bool const nullA = IsNullText(codeSetA, languageA);
-  if (IsNullText(codeSetB, languageB))
-    return nullA ? 0 : 1;
-  if (nullA) {
+/// A text as it was given.
+struct GivenText {
+  char const * text; ///< null for empty text
+  unsigned char codeSet;
+  unsigned char language;
+
+  bool IsNull() const { return IsNullText(codeSet, language); }
+  char const * Text() const { return text != nullptr ? text : kEmptyText; }
+};
+
+struct Manner {
+  unsigned short cmpOp;
+  short maxLength;
+  unsigned char byteOrder;
+};
+
+// Its arguments fit into registers, so that whoever ends in a call to it has a small frame.
+[[gnu::noinline]] int CompareAny(GivenText a, GivenText b, Manner manner, int * lastDifference) {
+  auto const [cmpOp, maxLength, byteOrder] = manner;
+  if (b.IsNull())
+    return a.IsNull() ? 0 : 1;
+  if (a.IsNull()) {
     if ((cmpOp & kLiteral) != 0)
       return -1;
-    textA = kEmptyText;
+    a.text = kEmptyText;
   }
   if (maxLength == 0)
     return 0;
-  if (codeSetA == 0 && codeSetB == 0)
-    return (cmpOp & kLiteral) == 0 ? MatchBytes(textB, textA, maxLength)
-                                   : CompareBytes(textA, textB, maxLength);
+  if (a.codeSet == 0 && b.codeSet == 0)
+    return (cmpOp & kLiteral) == 0 ? MatchBytes(b.text, a.text, maxLength)
+                                   : CompareBytes(a.text, b.text, maxLength);
 
   Extent const extent{maxLength == -1 ? ~0u : static_cast<unsigned short>(maxLength), maxLength,
                       (cmpOp & ZnCmpIgnoreSpaces) != 0 && maxLength > 0 ? lastDifference : nullptr};
-  OrderSource sourceA(codeSetA, languageA, byteOrder);
-  OrderSource sourceB(codeSetB, languageB, byteOrder);
-  return CompareTexts(sourceA, textA != nullptr ? textA : kEmptyText, sourceB,
-                      textB != nullptr ? textB : kEmptyText, cmpOp, extent);
+  OrderSource sourceA(a.codeSet, a.language, byteOrder);
+  OrderSource sourceB(b.codeSet, b.language, byteOrder);
+  return CompareTexts(sourceA, a.Text(), sourceB, b.Text(), cmpOp, extent);
 }
 
 /// Compares whole texts of one code set and language that no first look decided.
@@ -97,26 +110,25 @@ template <int Width>
   return CompareQuickly<Width>(source, a, source, b, cmpOp);
 }
 
-/// The same without wildcards, after a first look that called nothing.
+/// The same without wildcards, with some care.
 template <int Width>
-[[gnu::noinline]] int CompareDifferences(unsigned char codeSet, unsigned char language,
-                                         char const * a, char const * b, unsigned short cmpOp) {
-  FirstLook const look = LookAtDifferences<Width, true>(codeSet, language, a, b, cmpOp);
-  if (look.decided)
-    return look.result;
-  if (look.skip == 0)
-    return CompareClosely<Width>(codeSet, language, a, b, cmpOp);
-  OrderSource source(codeSet, language, 1);
-  return QuickComparison<Width>(source, a + look.skip * Width, source, b + look.skip * Width)
-      .template Run<false>(cmpOp);
+[[gnu::noinline]] int CompareCarefully(unsigned char codeSet, unsigned char language,
+                                       char const * a, char const * b, unsigned short cmpOp) {
+  return CompareDifferences<Width, true>(codeSet, language, a, b, cmpOp, [=](std::size_t skip) {
+    if (skip == 0)
+      return CompareClosely<Width>(codeSet, language, a, b, cmpOp);
+    OrderSource source(codeSet, language, 1);
+    return QuickComparison<Width>(source, a + skip, source, b + skip).template Run<false>(cmpOp);
+  });
 }
 
 /// Compares whole texts of one code set and language, two-byte ones in the order of the host.
 template <int Width>
 inline int CompareAlike(unsigned char codeSet, unsigned char language, char const * a,
                         char const * b, unsigned short cmpOp) {
-  FirstLook const look = LookAtDifferences<Width, false>(codeSet, language, a, b, cmpOp);
-  return look.decided ? look.result : CompareDifferences<Width>(codeSet, language, a, b, cmpOp);
+  return CompareDifferences<Width, false>(codeSet, language, a, b, cmpOp, [=](std::size_t) {
+    return CompareCarefully<Width>(codeSet, language, a, b, cmpOp);
+  });
 }
 
 /// The same with wildcards in the second text, or by keys.
@@ -146,6 +158,6 @@ int ZnStrCmp(unsigned char codeSetA, unsigned char languageA, char const * textA
       return literal ? CompareAlike<2>(codeSetA, languageA, textA, textB, cmpOp)
                      : MatchAlike<2>(codeSetA, languageA, textA, textB, cmpOp);
   }
-  return CompareAny(codeSetA, languageA, textA, codeSetB, languageB, textB, cmpOp, maxLength,
-                    byteOrder, lastDifference);
+  return CompareAny({textA, codeSetA, languageA}, {textB, codeSetB, languageB},
+                    {cmpOp, maxLength, byteOrder}, lastDifference);
 }
