@@ -397,6 +397,22 @@ TEST(Comparison, AgreesWithThePlainOrderOnRandomTexts) {
   }
 }
 
+/// A language brings its own letters from the first comparison on, whatever was compared before.
+TEST(Comparison, FirstUseOfALanguageHasItsOrder) {
+  Compare("a", "b", kLiteral);
+  std::string const texts[] = {Text{u"\u00e4"}.Encoded(1), Text{u"z"}.Encoded(1)};
+  int behindZ = 0;
+  for (unsigned char language = 1; language < 212; ++language) {
+    int const result = Sign(ZnStrCmp(253, language, texts[0].data(), 253, language, texts[1].data(),
+                                     kLiteral, -1, 1, nullptr));
+    EXPECT_EQ(result, PlainOrder(UnitsOf(texts[0], language, 1, 9),
+                                 UnitsOf(texts[1], language, 1, 9), kLiteral))
+        << static_cast<int>(language);
+    behindZ += result > 0;
+  }
+  EXPECT_GT(behindZ, 5); // Swedish among them
+}
+
 TEST(Comparison, IsATotalOrderOverScriptsCodeSetsAndLanguages) {
   TextSource source(2);
   struct Side {

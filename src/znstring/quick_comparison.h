@@ -6,9 +6,11 @@
 
 /// The part of a comparison that needs no engine: plain characters on both sides.
 ///
-/// Most pairs of texts are decided between two plain letters. This loop compares them on the pages
-/// of the order table alone. Where it meets anything else (an expansion, a contraction, a wildcard,
-/// spaces or symbols that differ) it leaves the rest to the engine, with what it has found.
+/// Most pairs of texts of one code set and language are decided where they differ, between two
+/// plain letters: `CompareDifferences` looks at nothing else. `QuickComparison` walks over two
+/// texts of any code sets as long as it meets plain characters. Where there is anything else (an
+/// expansion, a contraction, a wildcard, spaces or symbols that differ) the rest is left to the
+/// engine, with what was found.
 ///
 /// Equal units on both sides change nothing, be they letters or spaces, and a step of the engine
 /// may begin behind any of them.
@@ -84,7 +86,8 @@ private:
 /// gives what `closely` does with the number of bytes that a closer look may pass over on both
 /// sides.
 ///
-/// Without `Careful` it calls nothing else, and gives up at what may hang over or is not known yet.
+/// Without `Careful` it gives up at what may hang over or is not known yet, to keep the frame
+/// small.
 template <int Width, bool Careful, class Closely>
 inline int CompareDifferences(unsigned char codeSet, unsigned char language, char const * a,
                               char const * b, unsigned short cmpOp, Closely closely) {
@@ -95,9 +98,9 @@ inline int CompareDifferences(unsigned char codeSet, unsigned char language, cha
     if (PassEqual<Width>(a, b, i, common))
       return found.Result(cmpOp);
     OrderPages const pages = Careful ? PagesOf(codeSet) : known.Pages(codeSet);
-    if (pages == nullptr)
-      return closely(0);
     unsigned int const traits = Careful ? RelevantTraits(language) : known.Traits(language);
+    if (pages == nullptr || traits == 0)
+      return closely(0);
     unsigned int const quiet = Careful ? QuietBelow(codeSet, traits) : known.Quiet(codeSet, traits);
     DifferingCharacters<Width> const pair(pages, a + i, b + i, common);
     unsigned int const matter = pair.Matter(traits);
