@@ -21,7 +21,8 @@
 
 namespace {
 
-constexpr unsigned char kGerman = 1; // as for English, nothing is tailored
+constexpr unsigned char kGerman = 1;   // as for English, nothing is tailored
+constexpr unsigned char kSwedish = 78; // has letters of its own
 constexpr std::size_t kWords = 100000;
 
 /// One word in each encoding, with its terminator. The words of a list lie behind one another, so
@@ -74,9 +75,9 @@ private:
   std::u16string utf16_;
 };
 
-UCollator * OpenCollator(bool shifted) {
+UCollator * OpenCollator(bool shifted, char const * language = "de") {
   UErrorCode status = U_ZERO_ERROR;
-  UCollator * const collator = ucol_open("de", &status);
+  UCollator * const collator = ucol_open(language, &status);
   if (shifted) {
     ucol_setAttribute(collator, UCOL_ALTERNATE_HANDLING, UCOL_SHIFTED, &status);
     ucol_setStrength(collator, UCOL_QUATERNARY);
@@ -87,6 +88,11 @@ UCollator * OpenCollator(bool shifted) {
 UCollator const * Collator(bool shifted) {
   static UCollator const * const collators[] = {OpenCollator(false), OpenCollator(true)};
   return collators[shifted];
+}
+
+UCollator const * Swedish() {
+  static UCollator const * const collator = OpenCollator(false, "sv");
+  return collator;
 }
 
 std::vector<std::string> Lines() {
@@ -139,10 +145,10 @@ void Compare8(benchmark::State & state, List list, unsigned short flags) {
   });
 }
 
-void Compare16(benchmark::State & state, List list, unsigned short flags) {
+void Compare16(benchmark::State & state, List list, unsigned char language) {
   Over(state, list, [=](Word const & a, Word const & b) {
-    return ZnStrCmp(253, kGerman, reinterpret_cast<char const *>(a.utf16), 253, kGerman,
-                    reinterpret_cast<char const *>(b.utf16), flags, -1, 1, nullptr);
+    return ZnStrCmp(253, language, reinterpret_cast<char const *>(a.utf16), 253, language,
+                    reinterpret_cast<char const *>(b.utf16), 0x10, -1, 1, nullptr);
   });
 }
 
@@ -154,8 +160,7 @@ void Collate8(benchmark::State & state, List list, bool shifted) {
   });
 }
 
-void Collate16(benchmark::State & state, List list, bool shifted) {
-  UCollator const * const collator = Collator(shifted);
+void Collate16(benchmark::State & state, List list, UCollator const * collator) {
   Over(state, list, [=](Word const & a, Word const & b) {
     return ucol_strcoll(collator, a.utf16, -1, b.utf16, -1);
   });
@@ -169,12 +174,18 @@ BENCHMARK_CAPTURE(Collate8, shuffled, List::Shuffled, false)->Name("IcuUtf8/shuf
 BENCHMARK_CAPTURE(Collate8, sorted, List::Sorted, false)->Name("IcuUtf8/sorted");
 BENCHMARK_CAPTURE(Collate8, shuffledShifted, List::Shuffled, true)->Name("IcuUtf8Shifted/shuffled");
 BENCHMARK_CAPTURE(Collate8, sortedShifted, List::Sorted, true)->Name("IcuUtf8Shifted/sorted");
-BENCHMARK_CAPTURE(Compare16, shuffled, List::Shuffled, 0x10)->Name("Order16/shuffled");
-BENCHMARK_CAPTURE(Compare16, sorted, List::Sorted, 0x10)->Name("Order16/sorted");
-BENCHMARK_CAPTURE(Collate16, shuffled, List::Shuffled, false)->Name("Icu16/shuffled");
-BENCHMARK_CAPTURE(Collate16, sorted, List::Sorted, false)->Name("Icu16/sorted");
-BENCHMARK_CAPTURE(Collate16, shuffledShifted, List::Shuffled, true)->Name("Icu16Shifted/shuffled");
-BENCHMARK_CAPTURE(Collate16, sortedShifted, List::Sorted, true)->Name("Icu16Shifted/sorted");
+BENCHMARK_CAPTURE(Compare16, shuffled, List::Shuffled, kGerman)->Name("Order16/shuffled");
+BENCHMARK_CAPTURE(Compare16, sorted, List::Sorted, kGerman)->Name("Order16/sorted");
+BENCHMARK_CAPTURE(Compare16, shuffledSwedish, List::Shuffled, kSwedish)->Name("Order16Sv/shuffled");
+BENCHMARK_CAPTURE(Compare16, sortedSwedish, List::Sorted, kSwedish)->Name("Order16Sv/sorted");
+BENCHMARK_CAPTURE(Collate16, shuffled, List::Shuffled, Collator(false))->Name("Icu16/shuffled");
+BENCHMARK_CAPTURE(Collate16, sorted, List::Sorted, Collator(false))->Name("Icu16/sorted");
+BENCHMARK_CAPTURE(Collate16, shuffledShifted, List::Shuffled, Collator(true))
+    ->Name("Icu16Shifted/shuffled");
+BENCHMARK_CAPTURE(Collate16, sortedShifted, List::Sorted, Collator(true))
+    ->Name("Icu16Shifted/sorted");
+BENCHMARK_CAPTURE(Collate16, shuffledSwedish, List::Shuffled, Swedish())->Name("Icu16Sv/shuffled");
+BENCHMARK_CAPTURE(Collate16, sortedSwedish, List::Sorted, Swedish())->Name("Icu16Sv/sorted");
 
 void Match(benchmark::State & state, char const * pattern, unsigned short flags) {
   Over(state, List::Shuffled, [=](Word const & word, Word const &) {

@@ -413,6 +413,63 @@ TEST(Comparison, FirstUseOfALanguageHasItsOrder) {
   EXPECT_GT(behindZ, 5); // Swedish among them
 }
 
+/// The entry that a language has of a character.
+ZnCharOrderProps const * EntryFor(ZnCharOrderProps const * entry, ZnLanguage const * language) {
+  ZnLanguage const * other = nullptr;
+  ZnCharOrderProps const * variant = nullptr;
+  for (int i = 0; entry->variantLanguages->Read(i, other) == 0; ++i)
+    if (other == language && entry->variantEntries->Read(i, variant) == 0)
+      return variant;
+  return entry;
+}
+
+/// The first unit of a text of one or two characters.
+ZnCharOrderProps FirstUnit(unsigned short c, unsigned short next, unsigned char codeSet,
+                           unsigned char language) {
+  bool const wide = codeSet == 253;
+  unsigned short const units[] = {c, next, 0};
+  char const bytes[] = {static_cast<char>(c), static_cast<char>(next), 0};
+  ZnStringIterator it(wide ? reinterpret_cast<char const *>(units) : bytes, codeSet, language, 1);
+  unsigned short const order = it.GetNextOrder(1);
+  return {it.scriptClass, order, 0, 0, it.overflow != nullptr, 0, 0, 0, 0, 0};
+}
+
+TEST(Comparison, EachLanguageReadsItsVariants) {
+  int own = 0, joined = 0;
+  for (unsigned char const codeSet : {1, 2, 253}) {
+    ZnCodeSet const & record = *ZnLanguageContext::QueryCodeSet(codeSet);
+    for (unsigned int i = 1; i < (codeSet == 253 ? 65536 : 256); ++i) {
+      unsigned short const c = static_cast<unsigned short>(i);
+      ZnCharOrderProps const * const entry = record.orderTable->Lookup(c);
+      if (entry == nullptr || entry->hasVariants == 0)
+        continue;
+      for (unsigned char id = 0; ZnLanguage const * language = ZnLanguageContext::QueryLanguage(id);
+           ++id) {
+        auto const check = [&](ZnCharOrderProps const & expected, unsigned short next) {
+          ZnCharOrderProps const unit = FirstUnit(c, next, codeSet, id);
+          ASSERT_EQ(unit.order, expected.order) << c << ' ' << next << ' ' << language->tag;
+          ASSERT_EQ(*unit.classRef,
+                    expected.classRef ? *expected.classRef : record.ScriptClass(id));
+          ASSERT_EQ(unit.hasExpansion, expected.hasExpansion) << c << ' ' << language->tag;
+        };
+        ZnCharOrderProps const * const variant = EntryFor(entry, language);
+        own += variant != entry;
+        check(*variant, 0);
+        unsigned short next = 0;
+        ZnCharOrderProps const * both = nullptr;
+        for (int k = 0;
+             variant->hasContractions != 0 && variant->contractionChars->Read(k, next) == 0; ++k)
+          if ((codeSet == 253 || next < 256) && variant->contractionEntries->Read(k, both) == 0) {
+            check(*both, next);
+            joined += variant != entry && next < 256;
+          }
+      }
+    }
+  }
+  EXPECT_GT(own, 1000);
+  EXPECT_GT(joined, 10); // such as the Danish aa
+}
+
 TEST(Comparison, IsATotalOrderOverScriptsCodeSetsAndLanguages) {
   TextSource source(2);
   struct Side {

@@ -13,6 +13,7 @@
 #include "znstring.h"
 #include "znstring/characters.h"
 #include "znstring/order_entry.h"
+#include "znstring/shortcut.h"
 #include "znstring/wildcards.h"
 
 using namespace zntms;
@@ -187,26 +188,21 @@ unsigned short ZnStringIterator::GetNextOrder(unsigned short trackClass) {
       ++*this;
     return order;
   }
-  ZnOrderTable const * const table = codeSetRecord->orderTable;
-  if (overflow == nullptr && table != nullptr) {
+  LanguageOrders const * const orders =
+      overflow == nullptr ? OrdersOf(codeSetRecord->id, language) : nullptr;
+  if (orders != nullptr) {
     unsigned short const c = ReadCharacter(current, codeSet, byteOrder);
     if (c == 0)
       return 0;
-    ZnPlainOrder const & plain = table->Plain(c);
-    unsigned int traits = plain.traits;
-    if ((traits & ZnPlainOrder::HasVariants) != 0 && !IsTailored(language))
-      traits &= ~static_cast<unsigned int>(ZnPlainOrder::HasVariants);
+    Shortcut const shortcut(orders->pages, c);
     unsigned int const width = CharacterWidth(codeSet);
-    if (traits == ZnPlainOrder::ContractsWithMarks &&
-        ReadCharacter(current + width, codeSet, byteOrder) < kFirstMark)
-      traits = 0;
-    if (traits == 0) {
+    if (shortcut.TellsAll<2>(ReadCharacter(current + width, codeSet, byteOrder))) {
       if (trackClass != 0)
-        scriptClass = plain.scriptClass == ZnPlainOrder::LanguageClass
+        scriptClass = shortcut.ScriptClass() == ZnPlainOrder::LanguageClass
                           ? codeSetRecord->ScriptClass(language)
-                          : plain.scriptClass;
+                          : shortcut.ScriptClass();
       current += width;
-      return plain.order;
+      return shortcut.Order();
     }
   }
   return NextOrderInFull(trackClass);

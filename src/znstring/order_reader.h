@@ -27,8 +27,7 @@ public:
                 : codeSetId == 0 ? ZnLanguageContext::GetNativeCodeSet()
                                  : codeSetId),
         language(languageId == 255 ? ZnLanguageContext::GetDefaultLanguage() : languageId),
-        byteOrder(order), relevant_(RelevantTraitsOf(codeSet, language)), pages_(PagesOf(codeSet)) {
-  }
+        byteOrder(order), orders_(OrdersOf(codeSet, language)) {}
 
   bool ReadsLike(OrderSource const & other) const {
     return codeSet == other.codeSet && language == other.language;
@@ -37,17 +36,11 @@ public:
   /// Whether texts can be read by pages: they are no order text, their code set has an order
   /// table, and two-byte characters are in the order of the host.
   bool HasPages() const {
-    return pages_ != nullptr && codeSet != kOrderTextCodeSet &&
+    return orders_ != nullptr && codeSet != kOrderTextCodeSet &&
            (CharacterWidth(codeSet) == 1 || !IsBigEndian(byteOrder));
   }
 
-  Shortcut ShortcutOf(unsigned short c) const { return {pages_, c}; }
-
-  /// Whether the shortcut of a character tells everything of it, the character behind being `next`.
-  bool IsPlain(Shortcut shortcut, unsigned short next) const {
-    unsigned int const traits = shortcut.Traits() & relevant_;
-    return traits == 0 || (traits == ZnPlainOrder::ContractsWithMarks && next < kFirstMark);
-  }
+  Shortcut ShortcutOf(unsigned short c) const { return {orders_->pages, c}; }
 
   unsigned char ClassOf(Shortcut shortcut) {
     unsigned char const scriptClass = shortcut.ScriptClass();
@@ -63,10 +56,10 @@ public:
 
   /// Whether character `c` starts a contraction with `next`.
   bool Joins(unsigned short c, unsigned short next) const {
-    constexpr unsigned int joining =
-        ZnPlainOrder::HasVariants | ZnPlainOrder::Contracts | ZnPlainOrder::ContractsWithMarks;
-    unsigned int const traits = ShortcutOf(c).Traits() & relevant_ & joining;
-    if (traits == 0 || (traits == ZnPlainOrder::ContractsWithMarks && next < kFirstMark)) [[likely]]
+    unsigned int const traits = ShortcutOf(c).Traits();
+    bool const joins = (traits & ZnPlainOrder::Contracts) != 0 ||
+                       ((traits & ZnPlainOrder::ContractsWithMarks) != 0 && next >= kFirstMark);
+    if (!joins) [[likely]]
       return false;
     ZnCharOrderProps const * const entry =
         ZnLanguageContext::QueryCodeSet(codeSet)->orderTable->Lookup(c);
@@ -88,14 +81,7 @@ public:
   unsigned char const byteOrder;
 
 private:
-  /// A code set of one byte has no combining marks.
-  static unsigned char RelevantTraitsOf(unsigned char codeSet, unsigned char language) {
-    unsigned char const noMarks = static_cast<unsigned char>(~ZnPlainOrder::ContractsWithMarks);
-    return RelevantTraits(language) & (CharacterWidth(codeSet) == 1 ? noMarks : 255);
-  }
-
-  unsigned char const relevant_;
-  OrderPages const pages_; ///< null for a code set without order table
+  LanguageOrders const * const orders_; ///< null for a code set without order table
   std::optional<unsigned char> languageClass_;
   std::optional<ZnStringIterator> iterator_;
 };
@@ -119,7 +105,7 @@ public:
       if (c == 0)
         return 0;
       Shortcut const shortcut = source_->ShortcutOf(c);
-      if (source_->IsPlain(shortcut, ReadCharacter<Width>(state_.place + Width))) [[likely]] {
+      if (shortcut.TellsAll<Width>(ReadCharacter<Width>(state_.place + Width))) [[likely]] {
         state_.scriptClass = source_->ClassOf(shortcut);
         state_.place += Width;
         return shortcut.Order();
@@ -174,7 +160,7 @@ private:
     for (unsigned short c = ReadCharacter<Width>(place); c != 0;) {
       Shortcut const shortcut = source_->ShortcutOf(c);
       unsigned short const next = ReadCharacter<Width>(place + Width);
-      if (!source_->IsPlain(shortcut, next) || !pass(shortcut))
+      if (!shortcut.TellsAll<Width>(next) || !pass(shortcut))
         break;
       last = shortcut;
       place += Width;

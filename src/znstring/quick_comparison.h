@@ -46,14 +46,10 @@ public:
   /// Whether combining marks may be among the characters up to the two behind these.
   bool MarksNear() const { return marks_; }
 
-  /// Those of the given traits that matter here.
-  unsigned int Matter(unsigned int traits) const {
-    return marks_ ? traits : traits & ~static_cast<unsigned int>(ZnPlainOrder::ContractsWithMarks);
-  }
+  /// The traits that matter here.
+  unsigned int Traits() const { return Shortcut::TraitsBefore<Width>(marks_ ? kFirstMark : 0); }
 
-  bool ArePlainLetters(unsigned int matter) const {
-    return Shortcut::ArePlainLetters(x_, y_, matter);
-  }
+  bool ArePlainLetters() const { return Shortcut::ArePlainLetters(x_, y_, Traits()); }
 
   /// Their difference on the first level, if they are letters.
   int FirstLevel() const { return Shortcut::FirstLevelDifference(x_, y_); }
@@ -97,17 +93,15 @@ inline int CompareDifferences(unsigned char codeSet, unsigned char language, cha
     unsigned int common; // all characters that both texts have from here on, one or another
     if (PassEqual<Width>(a, b, i, common))
       return found.Result(cmpOp);
-    OrderPages const pages = Careful ? PagesOf(codeSet) : known.Pages(codeSet);
-    unsigned int const traits = Careful ? RelevantTraits(language) : known.Traits(language);
-    if (pages == nullptr || traits == 0)
+    LanguageOrders const * const orders =
+        Careful ? OrdersOf(codeSet, language) : knownOrders.Get(codeSet, language);
+    if (orders == nullptr)
       return closely(0);
-    unsigned int const quiet = Careful ? QuietBelow(codeSet, traits) : known.Quiet(codeSet, traits);
-    DifferingCharacters<Width> const pair(pages, a + i, b + i, common);
-    unsigned int const matter = pair.Matter(traits);
-    if ((common >= quiet || pair.MarksNear()) &&
-        (!Careful || MayHangOver<Width>(pages, matter, a + start, a + i)))
+    DifferingCharacters<Width> const pair(orders->pages, a + i, b + i, common);
+    if ((common >= orders->quiet || pair.MarksNear()) &&
+        (!Careful || MayHangOver<Width>(orders->pages, pair.Traits(), a + start, a + i)))
       return closely(0);
-    if (!pair.ArePlainLetters(matter))
+    if (!pair.ArePlainLetters())
       return closely(start == 0 ? i : 0);
     int const primary = pair.FirstLevel();
     if (primary != 0)
@@ -122,12 +116,12 @@ inline int CompareDifferences(unsigned char codeSet, unsigned char language, cha
 template <int Width>
 inline int CompareFirst(unsigned char codeSet, unsigned char language, char const * text,
                         char const * pattern) {
-  OrderPages const pages = PagesOf(codeSet);
-  if (pages == nullptr)
+  LanguageOrders const * const orders = OrdersOf(codeSet, language);
+  if (orders == nullptr)
     return 0;
-  DifferingCharacters<Width> const pair(pages, text, pattern, 0);
-  bool const plain = pair.ArePlainLetters(pair.Matter(RelevantTraits(language)));
-  return plain && !pair.SecondIs(asteriskOrder.Get()) && !pair.SecondIs(questionOrder.Get())
+  DifferingCharacters<Width> const pair(orders->pages, text, pattern, 0);
+  return pair.ArePlainLetters() && !pair.SecondIs(asteriskOrder.Get()) &&
+                 !pair.SecondIs(questionOrder.Get())
              ? pair.FirstLevel()
              : 0;
 }
@@ -216,7 +210,7 @@ private:
     if (c == 0)
       return {};
     Shortcut const shortcut = side.source.ShortcutOf(c);
-    if (!side.source.IsPlain(shortcut, ReadCharacter<Width>(place + Width)))
+    if (!shortcut.TellsAll<Width>(ReadCharacter<Width>(place + Width)))
       return {0, 0, false};
     return {shortcut.Order(), side.source.ClassOf(shortcut), true};
   }

@@ -15,56 +15,45 @@ namespace zntms {
 
 using OrderPages = ZnPlainOrder const * const *;
 
-/// What was asked for before, by id. What is not known yet is null or 0.
-///
-/// The tables of the language component stay where they are, so that what was found holds for ever.
-/// Two threads may find the same at once.
-class KnownOrders {
-public:
-  OrderPages Pages(unsigned char codeSet) const { return Get(pages_[codeSet]); }
-  unsigned char Traits(unsigned char language) const { return Get(traits_[language]); }
-  unsigned short Quiet(unsigned char codeSet, unsigned int traits) const {
-    return Get(quiet_[traits & ZnPlainOrder::HasVariants][codeSet]);
-  }
-
-  [[gnu::cold]] OrderPages FindPages(unsigned char codeSet);
-  [[gnu::cold]] unsigned char FindTraits(unsigned char language);
-  [[gnu::cold]] unsigned short FindQuiet(unsigned char codeSet, unsigned int traits);
-
-private:
-  template <class T>
-  static T Get(std::atomic<T> const & place) {
-    return place.load(std::memory_order_relaxed);
-  }
-
-  std::atomic<OrderPages> pages_[256];
-  std::atomic<unsigned char> traits_[256];
-  std::atomic<unsigned short> quiet_[2][256]; ///< without and with variants
-};
-
-extern constinit KnownOrders known;
-
-/// The shortcut pages of a code set, other than 0 and 255; null if it has no order table.
-inline OrderPages PagesOf(unsigned char codeSet) {
-  OrderPages const pages = known.Pages(codeSet);
-  return pages != nullptr ? pages : known.FindPages(codeSet);
-}
-
-/// The traits of shortcuts that matter in a language: all, or all but variants.
-inline unsigned char RelevantTraits(unsigned char language) {
-  unsigned char const traits = known.Traits(language);
-  return traits != 0 ? traits : known.FindTraits(language);
-}
-
 /// Below this character there are neither marks nor format characters that change nothing.
 template <int Width>
 inline constexpr unsigned short kFirstThatRepeats = Width == 1 ? 128 : kFirstMark;
 
-/// Below the result no character of a code set that has pages joins with the next in a contraction,
-/// unless that is a combining mark, and none is a mark. `traits` are those of a language.
-inline unsigned int QuietBelow(unsigned char codeSet, unsigned int traits) {
-  unsigned short const quiet = known.Quiet(codeSet, traits);
-  return quiet != 0 ? quiet : known.FindQuiet(codeSet, traits);
+/// What the shortcuts say in one language.
+struct LanguageOrders {
+  OrderPages pages; ///< of the code set; with a tailoring some have their own letters
+
+  /// Below this character none joins with the next in a contraction, unless that is a combining
+  /// mark, and none is a mark.
+  unsigned short quiet;
+};
+
+/// The orders of code sets and languages that were asked for before, by id.
+///
+/// The tables of the language component stay where they are, and so does what is found here. A
+/// tailored language has copies of the pages in which it has letters of its own, some kilobytes.
+/// Two threads may find the same at once; one of them keeps it.
+class KnownOrders {
+public:
+  /// Null for what was not asked for yet.
+  LanguageOrders const * Get(unsigned char codeSet, unsigned char language) const {
+    return known_[codeSet][language].load(std::memory_order_acquire);
+  }
+
+  /// Null if the code set has no order table, or if there is no memory: then texts can still be
+  /// read by iterators.
+  [[gnu::cold]] LanguageOrders const * Find(unsigned char codeSet, unsigned char language);
+
+private:
+  std::atomic<LanguageOrders const *> known_[256][256];
+};
+
+extern constinit KnownOrders knownOrders;
+
+/// The same, asked for once; neither id is a stand-in for a default.
+inline LanguageOrders const * OrdersOf(unsigned char codeSet, unsigned char language) {
+  LanguageOrders const * const orders = knownOrders.Get(codeSet, language);
+  return orders != nullptr ? orders : knownOrders.Find(codeSet, language);
 }
 
 /// The shortcut of one character as one number, from high to low: traits, class, order.
@@ -85,7 +74,23 @@ public:
 
   constexpr unsigned short Order() const { return static_cast<unsigned short>(bits_); }
   constexpr unsigned char ScriptClass() const { return static_cast<unsigned char>(bits_ >> 16); }
-  constexpr unsigned int Traits() const { return bits_ >> 24; }
+  /// The traits that matter. Variants never do: the pages have those of the language.
+  constexpr unsigned int Traits() const {
+    return bits_ >> 24 & ~static_cast<unsigned int>(ZnPlainOrder::HasVariants);
+  }
+
+  /// Whether the shortcut tells everything of the character, the one behind being `next`.
+  template <int Width>
+  constexpr bool TellsAll(unsigned short next) const {
+    return (Traits() & TraitsBefore<Width>(next)) == 0;
+  }
+
+  /// The traits that matter of a character in front of `next`: it may be a combining mark or not.
+  template <int Width>
+  static constexpr unsigned int TraitsBefore(unsigned int next) {
+    bool const mark = Width == 2 && next >= kFirstMark;
+    return 255 & ~(ZnPlainOrder::HasVariants | (mark ? 0u : +ZnPlainOrder::ContractsWithMarks));
+  }
 
   /// A letter of a script, if the shortcut tells everything: then the class is one of a script, for
   /// characters of other classes are no letters or have a trait. A test holds it.
