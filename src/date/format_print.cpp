@@ -88,7 +88,7 @@ char * PutMonthName(char * out, int month, unsigned int length) {
 /// Seconds with the shortest of no, three, six or nine digits behind the point.
 char * PutSeconds(char * out, int second, int nanoseconds) {
   if (nanoseconds == 0)
-    return PutTwo(out, second);
+    return second < 0 ? PutNumber(out, second, 1) : PutTwo(out, second);
   long long const total = second * 1000000000LL + nanoseconds;
   auto const size = static_cast<unsigned long long>(total < 0 ? -total : total);
   // A minus takes one of the two places before the point.
