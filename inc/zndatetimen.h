@@ -81,7 +81,9 @@ public:
   // ---- Order
 
   /// Exact.
-  constexpr int operator==(ZnDateTimeN const & other) const { return Compare(other, 0xFFFF) == 0; }
+  constexpr int operator==(ZnDateTimeN const & other) const { return !(*this != other); }
+  /// Three-way, exact.
+  constexpr int operator!=(ZnDateTimeN const & other) const { return Compare(other, 0xFFFF); }
   /// The order of date and time as in `ZnDateTime`, then that of the nanoseconds as -1, 0 or 1.
   /// Wildcards on either side match unless `flags` holds `ZnCmpNoWildcards`.
   int constexpr Compare(ZnDateTimeN const & other, unsigned short flags) const {
@@ -216,7 +218,8 @@ public:
 
   // ---- Order, field by field, as in `ZnDateTimeN`
 
-  constexpr int operator==(ZnTimeSpan const & other) const { return Compare(other, 0xFFFF) == 0; }
+  constexpr int operator==(ZnTimeSpan const & other) const { return !(*this != other); }
+  constexpr int operator!=(ZnTimeSpan const & other) const { return Compare(other, 0xFFFF); }
   constexpr int Compare(ZnTimeSpan const & other, unsigned short flags) const {
     return AsDateTimeN().Compare(other.AsDateTimeN(), flags);
   }

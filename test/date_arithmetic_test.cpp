@@ -140,6 +140,11 @@ TEST(Sums, SpansKeepTheirMinus) {
   EXPECT_EQ(second.GetTotalSeconds(), -1);
   EXPECT_EQ(second.Compare(zero, 0), 23); // the day of -1 is a wildcard
   EXPECT_EQ(second.Compare(zero, ZnCmpNoWildcards), -1);
+  // The operators know no wildcards.
+  EXPECT_EQ(second != zero, -1);
+  EXPECT_EQ(second != second, 0);
+  EXPECT_EQ(second.AsDateTimeN() != zero.AsDateTimeN(), -1);
+  EXPECT_EQ(ZnDateTimeN(0, 0, 0, 0, 0, 0, 7) != zero.AsDateTimeN(), 1);
   ZnTimeSpan hours(0, 25, 0, 0, 0);
   hours.AddHours(0);
   EXPECT_EQ(Raw(hours), "0 0 0 25 0 0 0");
