@@ -17,10 +17,10 @@ StoredTexts::StoredTexts(void const * value, unsigned int length, unsigned char 
 StoredTexts::~StoredTexts() { std::free(heap_); }
 
 bool StoredTexts::TakeMixedMark() {
-  if (codeSet != kOrderTextCodeSet || (language & 0x80) == 0)
-    return false;
-  language &= 0x7F;
-  return true;
+  unsigned char const plain = WithoutMixedMark(codeSet, language);
+  bool const marked = plain != language;
+  language = plain;
+  return marked;
 }
 
 void StoredTexts::Read() {
@@ -83,7 +83,9 @@ bool StoredTexts::Advance() {
   return end_ == nullptr || end_ - place_ > 4;
 }
 
+/// Half a character at the end of the text is left out.
 void StoredTexts::Copy(char const * source) {
+  bytes -= bytes % CharacterWidth(codeSet);
   char * target = local_;
   if (bytes > kLongestCutText) {
     std::free(heap_);

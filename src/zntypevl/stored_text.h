@@ -14,6 +14,11 @@
 
 namespace zntms {
 
+/// The language of a text without the mark that an order text of several script classes has there.
+constexpr unsigned char WithoutMixedMark(unsigned char codeSet, unsigned char language) {
+  return codeSet == kOrderTextCodeSet ? language & 0x7F : language;
+}
+
 class StoredTexts {
 public:
   /// `length` 0: the area is as long as its length fields say. `oldData`: an incomplete element

@@ -145,7 +145,8 @@ unsigned int HashInMemory(unsigned int length, void const * value, unsigned int 
   unsigned int total = 0;
   for (unsigned int i = 0; i < held; ++i)
     total ^=
-        HashString(strings[i].codeSet, strings[i].language, strings[i].text, -1, ZnFormatMemory);
+        HashString(strings[i].codeSet, WithoutMixedMark(strings[i].codeSet, strings[i].language),
+                   strings[i].text, -1, ZnFormatMemory);
   return total * kHashMultiplier;
 }
 
