@@ -237,6 +237,9 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
   EXPECT_EQ(error, 0);
   EXPECT_EQ(cmp(whole, 9, prefix, 0), 0);
   EXPECT_EQ(error, ZnErrIncomplete);
+  Bytes empty = "\xC0\x01\x00\0"s, plain = "\x40\x04\x00"s + "abc\0"s;
+  EXPECT_LT(cmp(empty, 4, plain, 0), 0) << "of a single unit nothing can be left out";
+  EXPECT_EQ(error, ZnErrIncomplete);
   Bytes longKey(3 + 300, '\x4E');
   longKey.replace(0, 3, "\xC0\x40\x02"s);
   EXPECT_EQ(cmp(whole, 9, longKey, 0), -1);

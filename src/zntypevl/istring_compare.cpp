@@ -66,8 +66,9 @@ public:
 private:
   static constexpr bool caseless = collation == ZnCollation::caseless;
 
+  /// A limit of 0 is none: of a single unit nothing can be left out.
   int CollateOver(unsigned int limit) const {
-    return ZnCollateCompare(weights_, a_.text, b_.text, limit);
+    return ZnCollateCompare(weights_, a_.text, b_.text, limit != 0 ? limit : kNoLimit);
   }
   unsigned int AllButOne() const { return a_.there == 0 ? 0 : a_.there - 1; }
   bool IsCut() const { return a_.there < a_.total && a_.there < b_.total; }
