@@ -152,12 +152,17 @@ TEST(NumberScan, ReadsWhatTheTextBeginsWith) {
   EXPECT_EQ(Scan(ZnINT_T, "-1", 0, "%hd"), 0xFFFF);
   EXPECT_EQ(Scan(Zn8B_T, "-1", 0ll, "%ld"), 0xFFFFFFFF);
   EXPECT_EQ(mgr.ScanFromZnString(ZnINT_T, nullptr, text, nullptr, 1), nullptr);
-  // Text of a 16-bit code set.
+  // Text of a 16-bit code set, whatever the width of the default one.
   unsigned short const wide[] = {'-', '1', '2', 0x3B1, 0};
   ZnString wideText(wide);
-  int value = 0;
-  mgr.ScanFromZnString(ZnINT_T, &value, wideText, nullptr, 1);
-  EXPECT_EQ(value, -12);
+  unsigned char const usual = ZnString::GetDefaultCodeSet();
+  for (unsigned char codeSet : {usual, ZnString::GetDefault16CodeSet()}) {
+    ZnString::SetDefaultCodeSet(codeSet);
+    int value = 0;
+    mgr.ScanFromZnString(ZnINT_T, &value, wideText, nullptr, 1);
+    EXPECT_EQ(value, -12);
+  }
+  ZnString::SetDefaultCodeSet(usual);
 }
 
 std::uint64_t Bits(double number) { return std::bit_cast<std::uint64_t>(number); }

@@ -3,8 +3,9 @@
 /// The text of a string as bytes, for scans that read digits and letters of ASCII.
 ///
 /// Worked example: of a string "12" in a 16-bit code set, `NarrowText(in).View()` is the two bytes
-/// "12" of a copy in the default code set; of a string in an 8-bit code set it is the string's own
-/// text, unless its terminator was overwritten: then the copy has one behind the last byte.
+/// "12" of a copy in the default 8-bit code set; of a string in an 8-bit code set it is the
+/// string's own text, unless its terminator was overwritten: then the copy has one behind the last
+/// byte.
 
 #include "znstring.h"
 #include "znstring/nulltext.h"
@@ -19,7 +20,7 @@ public:
   /// `in` must outlive the object.
   explicit NarrowText(ZnString const & in) : text_(in.text) {
     if (in.codeSet > 224) {
-      copy_.emplace();
+      copy_.emplace(ZnString::GetDefault8CodeSet(), ZnString::GetDefaultLanguage());
       *copy_ += in;
       text_ = copy_->text;
     } else if (in.text && (in.capacity == 0 || in.text[in.capacity - 1] != 0)) {
