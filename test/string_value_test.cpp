@@ -240,4 +240,20 @@ TEST(StringValue, KeepsEveryCharacterThroughUnicode) {
   }
 }
 
+TEST(StringValue, BytesWidenAsTheirCodeSetTells) {
+  ZnCodeSet const & unicode = *ZnLanguageContext::QueryCodeSet(253);
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte)
+    bytes.push_back(static_cast<char>(byte));
+  for (int id = 1; id < 225; ++id) {
+    auto const codeSet = static_cast<unsigned char>(id);
+    ZnString s(bytes.c_str());
+    s.codeSet = codeSet;
+    ASSERT_EQ(s.MapToCodeSet(253), 0);
+    ASSERT_EQ(s.Len(), 255);
+    for (unsigned short byte = 1; byte < 256; ++byte)
+      ASSERT_EQ(UnitAt(s, byte - 1u), unicode.Map(byte, codeSet)) << byte << " of " << id;
+  }
+}
+
 } // namespace

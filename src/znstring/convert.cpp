@@ -10,8 +10,17 @@ namespace zntms {
 
 namespace {
 
+constexpr unsigned char kUnicode = 253;
+
 unsigned char NativeForZero(unsigned char codeSet) {
   return codeSet != 0 ? codeSet : ZnLanguageContext::GetNativeCodeSet();
+}
+
+/// Bytes to Unicode by the table of their code set.
+void WidenChars(char * target, unsigned short const * toUnicode, char const * source,
+                unsigned int count) {
+  for (unsigned int i = 0; i < count; ++i)
+    WriteUnit(target + 2 * i, toUnicode[ReadChar(source + i, 1)]);
 }
 
 template <unsigned int From, unsigned int To>
@@ -26,8 +35,12 @@ void ConvertText(unsigned char from, unsigned char to, char const * source, unsi
                  char * target) {
   bool const wideSource = WidthOf(from) == 2;
   bool const wideTarget = WidthOf(to) == 2;
+  unsigned short const * const toUnicode =
+      to == kUnicode ? ZnLanguageContext::QueryCodeSet(from)->toUnicode : nullptr;
   if (from == to) {
     std::memcpy(target, source, count * WidthOf(to));
+  } else if (toUnicode != nullptr && !wideSource) {
+    WidenChars(target, toUnicode, source, count);
   } else {
     ZnCodeSet const & record = *ZnLanguageContext::QueryCodeSet(to);
     auto const map = wideSource ? (wideTarget ? MapChars<2, 2> : MapChars<2, 1>)
