@@ -240,6 +240,8 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
   Bytes empty = "\xC0\x01\x00\0"s, plain = "\x40\x04\x00"s + "abc\0"s;
   EXPECT_LT(cmp(empty, 4, plain, 0), 0) << "of a single unit nothing can be left out";
   EXPECT_EQ(error, ZnErrIncomplete);
+  Bytes oneLeft = "\xC0\x03\x00"s + "\x54"s, later = "\x40\x04\x00"s + "b*c\0"s;
+  EXPECT_LT(mgr.Cmp(ZnCASEISTRING_T, 4, oneLeft.data(), 7, later.data(), 0, 1, 1, error), 0);
   Bytes longKey(3 + 300, '\x4E');
   longKey.replace(0, 3, "\xC0\x40\x02"s);
   EXPECT_EQ(cmp(whole, 9, longKey, 0), -1);

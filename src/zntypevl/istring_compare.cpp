@@ -82,16 +82,17 @@ private:
     return result == 0 ? 0 : compare(AllButOne());
   }
 
-  /// A text that does not match orders by what stands before the wildcard, else behind.
-  int Failed(unsigned int before) const {
-    int const result = before == 0 ? 0 : CollateOver(before);
+  /// A text that does not match orders by what stands before the wildcard at `place`, as far as
+  /// `limit` units, else behind.
+  int Failed(unsigned int place, unsigned int limit) const {
+    int const result = place == 0 ? 0 : CollateOver(limit);
     return result != 0 ? result : 1;
   }
 
   int Match(unsigned int place) {
     if (caseless)
       a_.text.mark |= ZnCollationMark::Accents;
-    return MatchesIString(weights_, a_.text, b_.text) ? 0 : Failed(place);
+    return MatchesIString(weights_, a_.text, b_.text) ? 0 : Failed(place, place);
   }
 
   int MatchKey(unsigned int place) {
@@ -106,7 +107,7 @@ private:
     if (MatchesIString(weights_, a_.text, b_.text))
       return 0;
     bool const goesOn = place + 1 < pattern.size();
-    return Failed(a_.IsCut() && goesOn ? std::min(place, AllButOne()) : place);
+    return Failed(place, a_.IsCut() && goesOn ? std::min(place, AllButOne()) : place);
   }
 
   static constexpr Weights const & weights_ = WeightsOf(collation);
