@@ -54,6 +54,21 @@ TEST_F(StringForms, StoresTheNewForm) {
   EXPECT_EQ(mgr.SupportsNullValue(ZnSTRING_T), 1);
 }
 
+TEST_F(StringForms, GivesItsRowFunctionsByName) {
+  ZnTypeRow const & full = *mgr.rows[+ZnSTRING_T];
+  EXPECT_EQ(full.Store, &StringStore);
+  EXPECT_EQ(full.Load, &StringLoad);
+  EXPECT_EQ(full.SizeGet, &StringSizeGet);
+  EXPECT_EQ(full.SizeGetFromMemFile, &ZnStringSizeFromFile);
+  EXPECT_EQ(full.Translate, &ZnStringTranslate);
+  ZnTypeRow const & older = *old.rows[+ZnSTRING_T];
+  EXPECT_EQ(older.Store, &ZnOldStringStore);
+  EXPECT_EQ(older.Load, &StringLoad);
+  EXPECT_EQ(older.SizeGet, &ZnOldStringSizeGet);
+  EXPECT_EQ(older.SizeGetFromMemFile, &ZnOldStringSizeFromFile);
+  EXPECT_EQ(older.Translate, &ZnOldStringTranslate);
+}
+
 TEST_F(StringForms, LoadsWhatItStored) {
   for (unsigned char const format : {1, 2})
     for (ZnString const & s :

@@ -5,10 +5,7 @@
 #include "zntypes/string_form.h"
 #include "zntypes/translate.h"
 
-/// Strings in their stored forms: write, read and measure.
-///
-/// Worked example: "abc" of code set 1 and language 2 takes `StringSizeGet` 9 bytes and is stored
-/// as 07 00 01 02 61 62 63 00 FF; the null string is 04 00 00 FE 00 FF.
+/// Strings in their stored forms: write, read and measure. `string_form.h` draws the forms.
 
 namespace zntms {
 
@@ -61,6 +58,14 @@ struct FileBytes {
 
 } // namespace
 
+unsigned int StringNullSizeGet(unsigned int count) {
+  return count * (kStringHead + kStringEndMark);
+}
+
+} // namespace zntms
+
+using namespace zntms;
+
 // ---- New generation -----------------------------------------------------------------------------
 
 unsigned int StringStore(void * dst, void const * src, unsigned char format, unsigned int count) {
@@ -104,10 +109,6 @@ unsigned int StringLoad(void * dst, void const * src, unsigned char format, unsi
     size += form.Size();
   }
   return size;
-}
-
-unsigned int StringNullSizeGet(unsigned int count) {
-  return count * (kStringHead + kStringEndMark);
 }
 
 unsigned int StringSizeGet(void const * value, unsigned char valueFormat, unsigned char format,
@@ -195,5 +196,3 @@ unsigned int ZnOldStringSizeFromFile(MemFile * file, unsigned char format, unsig
     place += ReadLength(there.bytes + place, format) + kLengthField;
   return static_cast<unsigned int>(place);
 }
-
-} // namespace zntms

@@ -257,6 +257,9 @@ unsigned char SourceCodeSet(void const * src, unsigned char srcFormat, unsigned 
 }
 
 } // namespace
+} // namespace zntms
+
+using namespace zntms;
 
 unsigned int ZnStringTranslate(void * dst, unsigned char dstFormat, unsigned int dstLength,
                                void * src, unsigned char srcFormat, unsigned int srcLength,
@@ -326,5 +329,3 @@ unsigned int ZnOldStringTranslate(void * dst, unsigned char dstFormat, unsigned 
   WriteLength(out, length, dstFormat);
   return size;
 }
-
-} // namespace zntms
