@@ -336,6 +336,10 @@ TYPED_TEST(OldString, GoesThroughBoxesPrintAndScan) {
   EXPECT_TRUE(!back[1]);
   mgr.Delete(id, back, 2);
   delete box;
+  S longer(std::string(70000, 'a').c_str());
+  ZnTypeConvertData * const cut = mgr.ConvertTo(id, &longer, 1);
+  EXPECT_EQ(cut->GetString(0)->Len(), ZnStringMaxChars8);
+  delete cut;
   auto * const fresh = static_cast<S *>(mgr.DefaultValue(id, 1, 1));
   EXPECT_TRUE(!*fresh);
   mgr.Delete(id, fresh, 1);

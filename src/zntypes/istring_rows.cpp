@@ -206,7 +206,9 @@ template <ZnCollation collation>
 void IStringRow<collation>::Write(ZnString & out, Value const & value) {
   out.SetCodeSet(ZnLanguageContext::GetNativeCodeSet());
   constexpr unsigned char asItIs = 0;
-  ZnStringEdit(out, value.StrGet(), asItIs, out.Len(), 0, value.Len(), 1, EditAssignAt);
+  constexpr std::size_t most = 65535; // more than a string holds, which cuts the text itself
+  auto const length = static_cast<unsigned short>(std::min(std::strlen(value.StrGet()), most));
+  ZnStringEdit(out, value.StrGet(), asItIs, out.Len(), 0, length, 1, EditAssignAt);
 }
 
 template <ZnCollation collation>
