@@ -186,6 +186,14 @@ TEST(StringValue, ChangesItsCodeSet) {
   EXPECT_EQ(unset.text, nullptr);
 }
 
+TEST(StringValue, ConvertsNoFurtherThanItsBuffer) {
+  ZnString s("abc");
+  s[3] = 'd'; // over the terminator
+  ASSERT_EQ(s.MapToCodeSet(253), 0);
+  EXPECT_EQ(s.Len(), 4);
+  EXPECT_TRUE(s == ZnString("abcd"));
+}
+
 TEST(StringValue, CopiesMappedIntoItsBuffer) {
   ZnString const source("gr\xFC\xDF"
                         "e");

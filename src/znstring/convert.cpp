@@ -54,8 +54,13 @@ void ConvertText(unsigned char from, unsigned char to, char const * source, unsi
 
 unsigned int ZnStringConvert(unsigned char fromCodeSet, unsigned char toCodeSet,
                              char const * source, char *& buffer) {
+  return ZnStringConvert(fromCodeSet, toCodeSet, source, TextLength(source, WidthOf(fromCodeSet)),
+                         buffer);
+}
+
+unsigned int ZnStringConvert(unsigned char fromCodeSet, unsigned char toCodeSet,
+                             char const * source, unsigned int length, char *& buffer) {
   unsigned int const width = WidthOf(toCodeSet);
-  unsigned int length = TextLength(source, WidthOf(fromCodeSet));
   if (length > MaxChars(width)) {
     ZnStringReportOverflow();
     length = MaxChars(width);

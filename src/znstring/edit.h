@@ -50,6 +50,10 @@ void ZnStringAssignNumber(ZnString & target, DecimalNumber number);
 unsigned int ZnStringConvert(unsigned char fromCodeSet, unsigned char toCodeSet,
                              char const * source, char *& buffer);
 
+/// The same for `length` characters, among which there is no terminator.
+unsigned int ZnStringConvert(unsigned char fromCodeSet, unsigned char toCodeSet,
+                             char const * source, unsigned int length, char *& buffer);
+
 /// The same for at most `length` characters into the buffer of `target`, which is kept if it is
 /// large enough, with zeros behind the text. Gives the characters written. Code set and language
 /// of `target` stay as they are.

@@ -13,10 +13,11 @@ using namespace zntms;
 
 namespace {
 
-/// Converts the text of a string that has one; the id of the code set stays.
+/// Converts the text of a string that has one, even without terminator; the id of the code set
+/// stays.
 void ConvertOwnText(ZnString & s, unsigned char toCodeSet) {
   char * converted;
-  unsigned int const size = ZnStringConvert(s.codeSet, toCodeSet, s.text, converted);
+  unsigned int const size = ZnStringConvert(s.codeSet, toCodeSet, s.text, s.Len(), converted);
   delete[] s.text;
   s.text = converted;
   s.capacity = static_cast<unsigned short>(size);

@@ -175,8 +175,9 @@ public:
   unsigned short const * toUnicode;
 
   /// Case of a character of this code set, or null if it has none. One-byte characters may come
-  /// sign-extended.
-  ZnUnicodeProps const * GetUnicodeProps(unsigned short c, unsigned char language) const;
+  /// sign-extended. The record is constant, though its type does not say so: nobody may write to
+  /// it.
+  ZnUnicodeProps * GetUnicodeProps(unsigned short c, unsigned char language) const;
 
 protected:
   constexpr ZnCodeSet(ZnOrderTable const * table, unsigned char number, char const * ianaName,

@@ -122,6 +122,11 @@ constinit OrderTextCodeSet const orderTextCodeSet;
 constexpr ZnUnicodeProps dottedSmallI{CapitalDottedI, 0, 0};
 constexpr ZnUnicodeProps dotlessCapitalI{0, SmallDotlessI, 0};
 
+/// A constant record as callers get it.
+ZnUnicodeProps * Shared(ZnUnicodeProps const & record) {
+  return const_cast<ZnUnicodeProps *>(&record);
+}
+
 bool HasDottedI(unsigned char language) {
   for (unsigned char const * id = DottedILanguages; *id != 0; ++id) {
     if (*id == language)
@@ -165,7 +170,7 @@ int ByteCodeSet::ByteOf(unsigned short c) const {
 
 } // namespace zntms
 
-ZnUnicodeProps const * ZnCodeSet::GetUnicodeProps(unsigned short c, unsigned char language) const {
+ZnUnicodeProps * ZnCodeSet::GetUnicodeProps(unsigned short c, unsigned char language) const {
   using namespace zntms;
   if (id == OrderTextId)
     return nullptr;
@@ -176,9 +181,9 @@ ZnUnicodeProps const * ZnCodeSet::GetUnicodeProps(unsigned short c, unsigned cha
   if ((unicode == 'i' || unicode == 'I') && HasDottedI(language)) {
     unsigned short const other = unicode == 'i' ? CapitalDottedI : SmallDotlessI;
     if (wide || static_cast<ByteCodeSet const *>(this)->ByteOf(other) >= 0)
-      return unicode == 'i' ? &dottedSmallI : &dotlessCapitalI;
+      return Shared(unicode == 'i' ? dottedSmallI : dotlessCapitalI);
   }
   unsigned short const place =
       wide ? CasePages[CasePageOf[c >> 8]][c & 0xFF] : ByteSetCases[id - FirstByteSetId][c];
-  return place != 0 ? &CaseTable[place] : nullptr;
+  return place != 0 ? Shared(CaseTable[place]) : nullptr;
 }
