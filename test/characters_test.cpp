@@ -54,6 +54,10 @@ TEST(Characters, ReferToPlacesAndCopyAsValues) {
             ZnLanguageContext::GetDefault16CodeSet());
 
   ZnString s("abc");
+  s.language = 255;
+  ZnChar const first(s, 0);
+  EXPECT_EQ(ZnChar(first).language, ZnLanguageContext::GetDefaultLanguage());
+  EXPECT_EQ(ZnChar('\xA4', 14, 1).MapTo(253).Value(), 0x20AC);
   ZnChar second(s, 1);
   second = 'x';
   EXPECT_STREQ(s.StrGet(), "axc");
@@ -65,6 +69,21 @@ TEST(Characters, CompareAsOneUnit) {
   EXPECT_TRUE(a == 'a');
   EXPECT_TRUE(a < static_cast<unsigned short>('b'));
   EXPECT_LT(a != 'b', 0);
+  // Each operator stands in three forms.
+  auto const relations = [](ZnChar const & x, auto y) {
+    return std::string() + (x < y ? "<" : "") + (x <= y ? "{" : "") + (x == y ? "=" : "") +
+           (x >= y ? "}" : "") + (x > y ? ">" : "") + (x != y ? "!" : "");
+  };
+  struct {
+    char c;
+    char const * relations;
+  } const cases[] = {{'a', "}>!"}, {'b', "{=}"}, {'c', "<{!"}};
+  for (auto const & c : cases) {
+    ZnChar const b('b', 1, 1);
+    EXPECT_EQ(relations(b, c.c), c.relations);
+    EXPECT_EQ(relations(b, static_cast<unsigned short>(c.c)), c.relations);
+    EXPECT_EQ(relations(b, ZnChar(c.c, 1, 1)), c.relations);
+  }
   EXPECT_TRUE(a == '*'); // the right side is a pattern
   EXPECT_NE(a.Compare(ZnChar('*', 1, 1), ZnCmpNoWildcards), 0);
   EXPECT_GT(ZnChar('A', 1, 1).Compare(a, 65535), 0);
@@ -76,14 +95,26 @@ TEST(Characters, HaveOneKind) {
     unsigned short c;
     char const * kind;
   };
+  unsigned char codeSet = 253;
   for (Kind const & k : std::vector<Kind>{{' ', "space"},
                                           {'-', "symbol"},
                                           {'7', "digit"},
                                           {'a', "alpha"},
                                           {0xE9, "alpha"},
                                           {0x9FA0, "han"},
-                                          {0x0661, "digit"}}) {
-    ZnChar const c(k.c, 253, 1);
+                                          {0x0661, "digit"},
+                                          // From here on order numbers.
+                                          {79, "space"},
+                                          {80, "symbol"},
+                                          {16127, "symbol"},
+                                          {16128, "digit"},
+                                          {16383, "digit"},
+                                          {16384, "alpha"},
+                                          {32767, "alpha"},
+                                          {32768, "han"}}) {
+    if (k.c == 79)
+      codeSet = 254;
+    ZnChar const c(k.c, codeSet, 1);
     std::string const kind = k.kind;
     EXPECT_EQ(c.IsSpace() != 0, kind == "space") << k.c;
     EXPECT_EQ(c.IsSymbol() != 0, kind == "symbol") << k.c;
@@ -130,12 +161,18 @@ TEST(Iterator, WalksBothWaysAndOverLists) {
   EXPECT_TRUE(it.IsEOS());
   it.SetOverflow(&list, 255);
   EXPECT_FALSE(it.IsEOS()); // items are pending at the terminator
-  EXPECT_EQ((*it).Value(), 'x');
+  ZnChar const item = *it;
+  EXPECT_EQ(item.Value(), 'x');
+  EXPECT_EQ(item.codeSet, 1);
   ++it;
   EXPECT_EQ(it.GetNextOrder(1), OrderOf('y'));
   EXPECT_EQ(it.GetNextOrder(1), 0);
   EXPECT_EQ(it.current, text + 2);
 
+  EXPECT_EQ(ZnStringIterator(text, 1, 255, 1).language, ZnLanguageContext::GetDefaultLanguage());
+  ZnString german("x");
+  german.language = 2;
+  EXPECT_EQ(ZnStringIterator(german).language, 2);
   ZnChar c('q', 1, 1);
   ZnStringIterator own(c);
   EXPECT_NE(own.ownsBuffer, 0);
@@ -173,6 +210,9 @@ TEST(Iterator, TracksTheClassIfAsked) {
   it.GetNextOrder(1);
   unsigned char const latin = it.scriptClass;
   EXPECT_LT(latin, 20);
+  ZnStringIterator untracked(it);
+  untracked.GetNextOrder(0);
+  EXPECT_EQ(untracked.scriptClass, latin);
   it.GetNextOrder(1);
   EXPECT_EQ(it.scriptClass, 20);
   it.GetNextOrder(1); // units at the top leave it
@@ -214,10 +254,12 @@ TEST(OrderNumbers, ReadInWords) {
   for (Words const & w : std::vector<Words>{
            {0x8001, 0, "HAN character 0x8001\n"},
            {0x400C, 20, "HAN character 0x400c\n"},
+           {80, 20, "HAN character 0x0050\n"},
            {0x400C, 0x85, "upper letter A"},
            {0x600C | 2 << 7, 5, "lower letter a with accent acute"},
            {0x600C | 15 << 7 | 1, 5, "lower letter a with  with extension"},
            {0x600C | 14 << 7, 5, "lower letter a with accent o_double acute"},
+           {0x600C | 17 << 7, 5, "lower letter a with "},
            {13, 5, "undefined ordering indicator"},
            {79, 5, "space"},
            {80, 5, "symbol "},
@@ -248,6 +290,7 @@ TEST(OrderNumbers, ReadAsCharacters) {
   EXPECT_EQ(convert(16128 + 30), '3');
   EXPECT_EQ(convert(0x400C), 'A');
   EXPECT_EQ(convert(0x600C | 2 << 7), 'a');
+  EXPECT_EQ(convert(OrderOf('a'), 5, 1), 'a') << "not the ordinal indicator";
 
   unsigned short const acute = OrderOf(0xE1);
   char const * name = "as it was";

@@ -87,6 +87,11 @@ TYPED_TEST(OldString, EditsBytes) {
   EXPECT_EQ(made([](S & s) { s += S(); }), "abcdef");
   EXPECT_EQ(made([](S & s) { s += s; }), "abcdefabcdef");
   EXPECT_EQ(made([](S & s) { s = s.StrGet() + 3; }), "def");
+  S marked("a"), copy;
+  marked.mark = ZnCollationMark::Accents;
+  copy = marked;
+  EXPECT_EQ(copy.mark, ZnCollationMark::Accents);
+  EXPECT_EQ((copy = "a").mark, 0);
   EXPECT_EQ(made([](S & s) { s.SpaceToZero(); }, "1 2"), "102");
   EXPECT_EQ(made([](S & s) { s.ZeroToSpace(); }, "102"), "1 2");
   EXPECT_EQ(made([](S & s) { s.ToLower(); }, "AZ\xC4\xD7\xDE\xFF\x8C"), "az\xE4\xD7\xFE\x9F\x9C");
@@ -108,6 +113,9 @@ TEST(OldStringOrder, FollowsTheTables) {
   EXPECT_TRUE(ZnCaseIString("z") > ZnCaseIString("Y"));
   EXPECT_TRUE(ZnIString("\xDF") == ZnIString("ss"));
   EXPECT_TRUE(ZnCaseIString("\xDF") == ZnCaseIString("SS"));
+  EXPECT_TRUE(ZnIString("\xFF") == ZnIString("y"));
+  EXPECT_TRUE(ZnCaseIString("\xFF") == ZnCaseIString("y"));
+  EXPECT_TRUE(ZnCaseIString("\xF7") > ZnCaseIString("\xD7"));
   EXPECT_TRUE(ZnIString() < ZnIString("a"));
   EXPECT_TRUE(ZnIString() == ZnIString(""));
   EXPECT_TRUE(ZnIString("ab") < ZnIString("abc"));
@@ -133,6 +141,8 @@ TYPED_TEST(OldString, StoresAndLoads) {
   EXPECT_EQ(Bytes(out, big.size()), big);
   ASSERT_EQ(mgr.Store(id, out, values, 0x81, 3), little.size());
   EXPECT_EQ(out[0], 1);
+  ASSERT_EQ(mgr.Store(id, out, values, 0x41, 3), little.size());
+  EXPECT_EQ(out[0], id == ZnISTRING_T ? 0x40 : 1);
   S loaded[3];
   loaded[1] = "old";
   EXPECT_EQ(mgr.Load(id, loaded, big.data(), 2, 3), big.size());
@@ -140,6 +150,8 @@ TYPED_TEST(OldString, StoresAndLoads) {
     EXPECT_EQ(Text(loaded[i]), Text(values[i]));
   EXPECT_EQ(mgr.DiskLenGet(id, big.data(), 2, 3, 2), big.size());
   EXPECT_EQ(mgr.DiskLenGet(id, values + 2, 0x81, 1, 8), 3u + 4) << "the sharp s weighs twice";
+  Bytes const weighed = "\xC0\x04\x00\x4E\x9C\x9C\0"s;
+  EXPECT_EQ(mgr.DiskLenGet(id, weighed.data(), 0x81, 1, 0x81), 7u) << "weights grow no further";
   EXPECT_EQ(mgr.DiskLenGet(id, values, 0x88, 1, 8), 0u);
   MemFile file(big.data(), static_cast<unsigned>(big.size()));
   EXPECT_EQ(mgr.DiskLenGetFromMemFile(id, &file, 2, 3), big.size());
@@ -164,6 +176,9 @@ TYPED_TEST(OldString, TranslatesToKeysAndBack) {
   ASSERT_EQ(mgr.Translate(id, key, 0x81, 6, stored.data(), 1, 6, 1), 6u);
   EXPECT_EQ(Bytes(key, 6), "\xC0\x03\x00"s + weights.substr(0, 2) + "\0"s) << "a cut key";
   EXPECT_EQ(mgr.Translate(id, key, 0x88, 16, stored.data(), 1, 6, 1), 0u);
+  Bytes marked = "\x01"s + stored.substr(1);
+  ASSERT_EQ(mgr.Translate(id, key, 0x81, 16, marked.data(), 1, 6, 1), 6u);
+  EXPECT_EQ(key[0], '\xC1') << "the mark of the source stays";
   Bytes again = "\xC0\x03\x00"s + weights + "\0"s;
   std::memset(key, 'x', sizeof key);
   EXPECT_EQ(mgr.Translate(id, key, 0x81, 10, again.data(), 1, 7, 1), 7u);
@@ -199,12 +214,14 @@ TEST(OldStringOrder, ComparesWholeTextsByTheRows) {
     unsigned short cmpOp;
     int cased, caseless;
   } const cases[] = {
-      {"a", "A", 0, -1, 0},      {"a", "A", 0x10, -1, 0},    {"a", "\xE4", 0x10, 0, 0},
-      {"a", "\xE4", 0, -1, -1},  {"abc", "a*", 0, 0, 0},     {"abc", "a*", 0x10, 1, 1},
-      {"abc", "a?c", 0, 0, 0},   {"ac", "a?c", 0, 1, 1},     {"xaabab", "*ab", 0, 0, 0},
-      {"abx", "ac*", 0, -1, -1}, {"abx", "aa*", 0, 1, 1},    {"a*c", "a\\*c", 0, 0, 0},
-      {"abc", "a\\*c", 0, 1, 1}, {"a\nb", "a\\nb", 0, 0, 0}, {"ABC", "a*c", 0, 1, 0},
-      {"abc", "abd", 0, -1, -1}, {"", "*", 0, 0, 0},         {"", "?", 0, 1, 1},
+      {"a", "A", 0, -1, 0},       {"a", "A", 0x10, -1, 0},    {"a", "\xE4", 0x10, 0, 0},
+      {"a", "\xE4", 0, -1, -1},   {"abc", "a*", 0, 0, 0},     {"abc", "a*", 0x10, 1, 1},
+      {"abc", "a?c", 0, 0, 0},    {"ac", "a?c", 0, 1, 1},     {"xaabab", "*ab", 0, 0, 0},
+      {"abx", "ac*", 0, -1, -1},  {"abx", "aa*", 0, 1, 1},    {"a*c", "a\\*c", 0, 0, 0},
+      {"abc", "a\\*c", 0, 1, 1},  {"a\nb", "a\\nb", 0, 0, 0}, {"ABC", "a*c", 0, 1, 0},
+      {"abc", "abd", 0, -1, -1},  {"", "*", 0, 0, 0},         {"", "?", 0, 1, 1},
+      {"a\tb", "a\\tb", 0, 0, 0}, {"a\rb", "a\\rb", 0, 0, 0}, {"a\\", "a\\", 0, 0, 0},
+      {"Y", "\x9F", 0, -1, -1},   {"\xDF", "s", 0, 1, -1},
   };
   for (auto const & c : cases) {
     SCOPED_TRACE(std::string(c.a) + " and " + c.b);
@@ -242,6 +259,20 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
   EXPECT_EQ(error, ZnErrIncomplete);
   Bytes oneLeft = "\xC0\x03\x00"s + "\x54"s, later = "\x40\x04\x00"s + "b*c\0"s;
   EXPECT_LT(mgr.Cmp(ZnCASEISTRING_T, 4, oneLeft.data(), 7, later.data(), 0, 1, 1, error), 0);
+  // Of a key that ends in the pattern's fixed part only what it surely holds is compared.
+  struct {
+    unsigned char there;
+    Bytes pattern;
+    int result;
+  } const patterns[] = {{6, "abcd*"s, 0}, {5, "ax*"s, -1}, {5, "ax*y"s, 1}};
+  for (auto const & p : patterns) {
+    Bytes key = (p.there == 5 ? "\xC0\x06\x00"s : "\xC0\x03\x00"s) + "\x54\x5B\0"s;
+    Bytes stored = "\x40"s + static_cast<char>(p.pattern.size() + 1) + "\0"s + p.pattern + "\0"s;
+    int const result = mgr.Cmp(ZnCASEISTRING_T, p.there, key.data(),
+                               static_cast<unsigned>(stored.size()), stored.data(), 0, 1, 1, error);
+    EXPECT_EQ((result > 0) - (result < 0), p.result) << p.pattern;
+    EXPECT_EQ(error, ZnErrIncomplete);
+  }
   Bytes longKey(3 + 300, '\x4E');
   longKey.replace(0, 3, "\xC0\x40\x02"s);
   EXPECT_EQ(cmp(whole, 9, longKey, 0), -1);
@@ -294,10 +325,10 @@ TYPED_TEST(OldString, BoundsAnIndexScan) {
   EXPECT_EQ(bound("*b", op, &out), 1.0F);
   EXPECT_EQ(op, ZnOpEqual | ZnOpWildcard);
   EXPECT_EQ(out.lowKey, nullptr);
-  op = ZnOpBelow;
+  op = ZnOpBelow | 0x8000 | ZnCmpIgnoreCase;
   bound("ab", op, &out);
   EXPECT_EQ(out.lowKey, nullptr);
-  EXPECT_EQ(op, ZnOpBelow);
+  EXPECT_EQ(op, ZnOpBelow | 0x8000);
   std::free(out.highKey);
 
   // Of the range from "aaaa" to "zzzz", "mmmm" is a single place, and what is above it and below
@@ -320,6 +351,17 @@ TYPED_TEST(OldString, BoundsAnIndexScan) {
   EXPECT_LT(equal, 0.001);
   EXPECT_GT(below, above);
   EXPECT_NEAR(below + above, 1.0, 0.001);
+  // A text of one weight stands for all that its next one may be.
+  op = ZnOpEqual;
+  double const all = cased ? 0x86868686 - 0x4E4E4E4E + 1.0 : 0x87878787 - 0x54545454 + 1.0;
+  EXPECT_FLOAT_EQ(bound("b", op, nullptr, &area), static_cast<float>(0xFF0001 / all));
+  // The caseless class looks behind what all three begin with.
+  high = keyOf("aann");
+  op = ZnOpBelow;
+  EXPECT_FLOAT_EQ(bound("aamm", op, nullptr, &area),
+                  static_cast<float>(cased ? (0x8484 - 0x4E4E + 1.0) / (0x8686 - 0x4E4E + 1.0)
+                                           : (0x85850000 - 0x54540000 + 1.0) /
+                                                 (0x87870000 - 0x54540000 + 1.0)));
 }
 
 TYPED_TEST(OldString, GoesThroughBoxesPrintAndScan) {

@@ -245,6 +245,19 @@ TEST(MultiByte, StopsAtItsByteLimit) {
   delete[] out;
 }
 
+TEST(MultiByte, WritesBytesBelow128AsTheirCodeSetTells) {
+  ZnString s("12345678%");
+  s.codeSet = CodeSetNamed("IBM864"); // an Arabic percent sign
+  char out[16];
+  EXPECT_EQ(ZnString2ZnMBS(s, out, 16), 10);
+  EXPECT_EQ(std::string(out), "12345678\xD9\xAA");
+  s = "%%%%%%%%";
+  s.codeSet = CodeSetNamed("IBM864");
+  EXPECT_EQ(ZnString2ZnMBS(s, out, 8), -8) << "eight bytes at once are no ASCII either";
+  EXPECT_EQ(out[1], '\xAA');
+  EXPECT_EQ(ZnMBSLength(s, 3), 6);
+}
+
 TEST(MultiByte, DropsWhatAStringHeld) {
   ZnString s("old");
   EXPECT_EQ(ZnMBS2ZnString("x", s, 0), 0);
@@ -258,6 +271,7 @@ TEST(MultiByte, DropsWhatAStringHeld) {
   EXPECT_EQ(ZnMultiByteString2ZnString(u, u), 7);
   EXPECT_EQ(Latin(u), "gr\xFC\xDF"
                       "e");
+  EXPECT_EQ(ZnMBS2ZnString("ab", t, -1), 0);
   EXPECT_EQ(ZnMBS2ZnString("ab", t, 1000), 2) << "nothing behind the zero byte is read";
 }
 

@@ -97,7 +97,9 @@ TEST(NumberBox, ReadsByTheCastsOfStrings) {
 
 TEST(NumberBox, GivesBlanksWhereStringsAreMissing) {
   Box const box = BoxOf({"5"});
+  box->mgr = nullptr;
   auto * const values = static_cast<ZnNull_int *>(mgr.ConvertFrom(ZnNULL_INT_T, box.get(), 3));
+  EXPECT_EQ(box->mgr, &mgr);
   EXPECT_EQ(values[0].value, 5);
   EXPECT_TRUE(values[0].isNull == 0 && values[1].isNull == 1 && values[2].isNull == 1);
   mgr.Delete(ZnNULL_INT_T, values, 3);
@@ -145,6 +147,18 @@ TEST(SetNullValue, FallsBackToTheDefault) {
   int number = 5;
   EXPECT_EQ(mgr.SetNullValue(ZnINT_T, &number), 0);
   EXPECT_EQ(number, 0);
+  // Rows of an engine's own: without assignment the text "0" is scanned, and a code is handed on.
+  ZnTypeRow row = *mgr.rows[int(ZnINT_T)];
+  std::vector<ZnTypeRow *> rows(mgr.rows, mgr.rows + 256);
+  rows[ZnINT_T] = &row;
+  ZnTypeMgr own;
+  own.rows = rows.data();
+  row.Assignment = nullptr;
+  number = 5;
+  EXPECT_EQ(own.SetNullValue(ZnINT_T, &number), 0);
+  EXPECT_EQ(number, 0);
+  row.SetNull = [](void *) { return 7; };
+  EXPECT_EQ(own.SetNullValue(ZnINT_T, &number), 7);
   ZnNull_double nullable{5, 0};
   EXPECT_EQ(mgr.SetNullValue(ZnNULL_DOUBLE_T, &nullable), 0);
   EXPECT_TRUE(nullable.isNull == 1 && nullable.value == 0);
@@ -182,6 +196,9 @@ TEST(JoinedForm, EndsEachElementWithAFreeCharacter) {
   EXPECT_EQ(full->Len(), 2 * 254);
   EXPECT_EQ(full->StrGet()[full->Len() - 1], ',');
   mgr.Delete(ZnSTRING_T, full, 1);
+  ZnString * const last = joining.ConvertToZnStringOld(all.data(), ZnNULL_U1B_T, 253);
+  EXPECT_EQ(last->StrGet()[1], '\xFE');
+  mgr.Delete(ZnSTRING_T, last, 1);
   ZnString * const none = joining.ConvertToZnStringOld(numbers, ZnINT_T, 0);
   EXPECT_TRUE(none->IsEmpty());
   mgr.Delete(ZnSTRING_T, none, 1);

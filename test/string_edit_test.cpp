@@ -192,7 +192,7 @@ TEST(StringEdit, LeavesABufferBehindEmptyTexts) {
   wide.Fill(0, 'c');
   EXPECT_EQ(wide.capacity, 2);
   ZnString unset;
-  unset.Insert(ZnString(""), 0);
+  unset.Insert(ZnString(""), 0).Expand(0, 'x');
   EXPECT_EQ(unset.text, nullptr) << "nothing to insert";
   unset << '\0' << static_cast<unsigned short>(0);
   EXPECT_EQ(Latin(unset), "0");
@@ -203,6 +203,10 @@ TEST(StringEdit, LeavesABufferBehindEmptyTexts) {
 TEST(StringEdit, GivesPartsWithTheRightCodeSet) {
   ZnString const wide = TextOf("wide", 253);
   EXPECT_EQ(wide.Left(0).codeSet, 253);
+  ZnString swedish("ab");
+  swedish.language = 78;
+  EXPECT_EQ(swedish.Copy(1, 1).language, 78);
+  EXPECT_EQ((swedish + ZnString("c")).language, 78);
   EXPECT_EQ(wide.Right(0).codeSet, 1);
   EXPECT_EQ(wide.Copy(4, -1).codeSet, 1);
   EXPECT_EQ(wide.Copy(4, -1).capacity, 1);

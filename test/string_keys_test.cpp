@@ -82,6 +82,11 @@ TEST(StringRow, ReadsOldTexts) {
   EXPECT_EQ(RunRow(old, std::string("\4\0abd\0", 6), kLiteral, 1, 1, false), (Outcome{-1, 0}));
   // A new text of code set 0 beside an old one.
   EXPECT_EQ(RunRow(old, Stored("abc", 0, 0), kLiteral), (Outcome{0, 0}));
+  // Under the old table what the area cuts is old too, and whole if just its last byte is missing.
+  Row const oldRow = ZnTypeMgr(3).CmpFuncPtrGet(ZnSTRING_T);
+  EXPECT_EQ(RunRow(old.substr(0, 4), old, kLiteral, 1, 1, true, oldRow),
+            (Outcome{0, ZnErrIncomplete}));
+  EXPECT_EQ(RunRow(old.substr(0, 5), old, kLiteral, 1, 1, true, oldRow), (Outcome{0, 0}));
   // An array under one length field.
   std::string const array("\7\0abc\0de\0", 9), later("\7\0abc\0df\0", 9);
   EXPECT_EQ(RunRow(array, later, kLiteral, 1, 2, false), (Outcome{-1, 0}));
@@ -104,7 +109,12 @@ TEST(StringRow, CutKeysCompareAsFarAsTheyGo) {
            {cut("abcdef", 3), Stored("abd"), kLiteral, {-1, ZnErrIncomplete}},
            {Stored("ab"), cut("abcdef", 3), kLiteral, {-1, 0}},
            {Stored("abcd"), cut("abcdef", 3), kLiteral, {0, ZnErrIncomplete}},
+           {Stored("abc"), cut("abcdef", 3), kLiteral, {0, ZnErrIncomplete}},
+           {cut("abcdef", 3), Stored("abc"), kLiteral, {0, ZnErrIncomplete}},
            {cut("abcdef", 3), cut("abcxyz", 4), kLiteral, {0, ZnErrIncomplete}},
+           // With the flag the first level alone counts.
+           {cut("ABCdef", 3), Stored("abcx"), kLiteral, {1, ZnErrIncomplete}},
+           {cut("ABCdef", 3), Stored("abcx"), kLiteral | ZnCmpIgnoreSpaces, {0, ZnErrIncomplete}},
            // The plain prefix pattern is decided, every other with an asterisk is not.
            {cut("abcdef", 3), Stored("abc*"), 0, {0, 0}},
            {cut("abcdef", 3), Stored("ab*"), 0, {0, 0}},
@@ -113,6 +123,7 @@ TEST(StringRow, CutKeysCompareAsFarAsTheyGo) {
            {cut("abcdef", 3), Stored("abx*"), 0, {-1, 0}},
            {cut("abcdef", 3), Stored("abc*"), ZnCmpIgnoreSpaces, {0, ZnErrIncomplete}},
            {Stored("abc"), cut("ab*defg", 4), 0, {0, ZnErrIncomplete}},
+           {Stored("abc"), cut("ab*defg", 3), 0, {0, ZnErrIncomplete}},
        })
     EXPECT_EQ(RunRow(c.a, c.b, c.flags), c.expected) << c.a << " against " << c.b;
   std::string const big = Stored(std::string(300, 'a'));
@@ -126,6 +137,9 @@ TEST(StringRow, TellsKeysOfMixedClass) {
   EXPECT_EQ(RunRow(mixed, plain, kLiteral, 0x81), (Outcome{0, ZnErrMixedFirstKey}));
   EXPECT_EQ(RunRow(mixed, mixed, kLiteral, 0x81), (Outcome{0, ZnErrMixedFirstKey}));
   EXPECT_EQ(RunRow(plain, mixed, kLiteral, 0x81), (Outcome{0, ZnErrMixedSecondKey}));
+  std::string const longer = Stored(order + order, 254, 5);
+  EXPECT_EQ(RunRow(longer, mixed, kLiteral, 0x81), (Outcome{1, ZnErrMixedSecondKey}));
+  EXPECT_EQ(RunRow(longer, mixed, 0, 0x81), (Outcome{0, ZnErrMixedSecondKey})) << "counts as cut";
   // Big-endian keys order like little-endian ones.
   std::string const a = Stored(std::string("\x60\x0C", 2), 254, 5, true),
                     b = Stored(std::string("\x61\x08", 2), 254, 5, true);

@@ -84,6 +84,12 @@ TEST_F(StringForms, LoadsWhatItStored) {
       EXPECT_EQ(loaded[0].language, s.language);
       EXPECT_EQ(Latin(loaded[1]), "next");
     }
+  // What a file lacks is told as the most that it may take.
+  Bytes const two = Stored("abc", 1) + Stored("abc", 1);
+  for (unsigned const kept : {9u, 14u}) {
+    MemFile file(two.data(), kept);
+    EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnSTRING_T, &file, 1, 3), 2u * 65535) << kept;
+  }
   ZnString untouched("old");
   EXPECT_EQ(mgr.Load(ZnSTRING_T, &untouched, "\0\0", 1, 1), 0u);
   EXPECT_EQ(Latin(untouched), "old");
@@ -109,6 +115,9 @@ TEST_F(StringForms, ReadsAndWritesTheOldForm) {
   Bytes fresh = "\x07\x00\x01\x02"s + "abc\x00\xFF"s;
   EXPECT_EQ(old.Translate(ZnSTRING_T, aged.data(), 2, 8, fresh.data(), 1, 9, 1), 6u);
   EXPECT_EQ(aged, "\x00\x04"s + "abc\0\0\0"s);
+  Bytes open = "\x03\x00"s + "abc"s;
+  EXPECT_EQ(old.Translate(ZnSTRING_T, aged.data(), 1, 8, open.data(), 1, 5, 1), 5u);
+  EXPECT_EQ(aged, open + "\0\0\0"s) << "not of the new form";
 }
 
 TEST_F(StringForms, RefusesOtherFormats) {
@@ -121,6 +130,33 @@ TEST_F(StringForms, RefusesOtherFormats) {
   EXPECT_EQ(out.substr(0, 8), "\x06\x00\xFD\xFD"s + "ab\x00\xFF"s);
   EXPECT_EQ(Translate(out, 0xA1, Stored(Make("abc", 1, 2), 1), 1), 9u);
   EXPECT_EQ(out.substr(0, 9), "\x07\x00\x00\x02"s + "abc\x00\xFF"s);
+}
+
+TEST_F(StringForms, ChoosesTheCodeSetByTheFormat) {
+  // 0x20 asks for raw text, 0x40 for native text in place of raw one.
+  struct {
+    unsigned char format, from, to;
+  } const cases[] = {{0x21, 5, 0}, {0x21, 0, 0}, {0x41, 0, 1},    {0x41, 5, 5},
+                     {0x61, 0, 1}, {0x61, 5, 0}, {0x61, 254, 254}};
+  for (auto const & c : cases) {
+    Bytes out(9, 'x');
+    Bytes const src = "\x07\x00"s + static_cast<char>(c.from) + "\x02"s + "abc\x00\xFF"s;
+    EXPECT_EQ(Translate(out, c.format, src, c.format), 9u);
+    EXPECT_EQ(static_cast<unsigned char>(out[2]), c.to) << int(c.format) << ' ' << int(c.from);
+    EXPECT_EQ(out.substr(3), src.substr(3));
+  }
+  Bytes native(20, 'x'), latin(20, 'x');
+  ASSERT_EQ(Translate(native, 0xC1, Stored(Make("ab", 0, 1), 1), 1), 10u);
+  ASSERT_EQ(Translate(latin, 0x81, Stored(Make("ab", 1, 1), 1), 1), 10u);
+  EXPECT_EQ(native, latin);
+  Bytes null(20, 'x');
+  ASSERT_EQ(Translate(null, 0xC1, Stored(Null(), 1), 1), 6u);
+  EXPECT_EQ(null.substr(0, 6), "\x04\x00\xFE\x00\x00\xFF"s);
+  // A bound for keys: two units of each byte, one of each 16-bit unit, and the length field.
+  EXPECT_EQ(mgr.DiskLenGet(ZnSTRING_T, Stored("abc", 1).data(), 0x81, 1, 1), 7u * 4 + 2);
+  EXPECT_EQ(mgr.DiskLenGet(ZnSTRING_T, Stored(Make("ab", 253, 1), 1).data(), 0x81, 1, 1),
+            8u * 2 + 2);
+  EXPECT_EQ(mgr.DiskLenGet(ZnSTRING_T, Stored("abc", 1).data(), 0xA1, 1, 1), 9u);
 }
 
 TEST_F(StringForms, BuildsIndexKeys) {
@@ -144,6 +180,12 @@ TEST_F(StringForms, BuildsIndexKeys) {
   EXPECT_EQ(mgr.Translate(ZnSTRING_T, &loaded, 8, 0, small.data(), 0x81, 8, 1), 8u);
   EXPECT_EQ(loaded.Len(), 2);
   EXPECT_EQ(loaded.codeSet, 254);
+  ZnString none;
+  EXPECT_EQ(mgr.Translate(ZnSTRING_T, &none, 8, 0, small.data(), 0x81, 5, 1), 6u);
+  EXPECT_EQ(none.codeSet, 0) << "five bytes hold no element";
+  Bytes both(24, 'x');
+  EXPECT_EQ(Translate(both, 0x81, Stored(s, 1) + Stored(s, 1), 1, 2), 24u);
+  EXPECT_EQ(both, expected + expected);
   ZnString several[2];
   EXPECT_EQ(mgr.Translate(ZnSTRING_T, several, 8, 0, key.data(), 0x81, 12, 2), 18u);
   EXPECT_EQ(several[0].Len(), 3);
@@ -156,6 +198,10 @@ TEST_F(StringForms, BuildsIndexKeys) {
   Bytes large(300, 'x');
   EXPECT_EQ(mgr.Translate(ZnSTRING_T, large.data(), 0x81, 300, &longText, 8, 0, 1), 300u);
   EXPECT_EQ(large.substr(0, 3) + large.substr(298), "\x2A\x01\xFE\x00\xFF"s);
+  EXPECT_EQ(mgr.Translate(ZnSTRING_T, large.data(), 0x81, 256, &longText, 8, 0, 1), 256u);
+  EXPECT_EQ(large.substr(0, 2) + large.substr(254, 2), "\x00\x01"s + large.substr(4, 2));
+  EXPECT_EQ(mgr.Translate(ZnSTRING_T, large.data(), 0x81, 257, &longText, 8, 0, 1), 256u);
+  EXPECT_EQ(large.substr(0, 2) + large.substr(254, 2), "\xFE\x00\x00\xFF"s);
 }
 
 TEST_F(StringForms, EndsKeysWhereTheScriptChanges) {
@@ -165,6 +211,10 @@ TEST_F(StringForms, EndsKeysWhereTheScriptChanges) {
   ASSERT_EQ(mgr.Translate(ZnSTRING_T, key.data(), 0x81, 20, &s, 8, 0, 1), 8u);
   EXPECT_EQ(key[0], 6);
   EXPECT_EQ(key[3] & 0x80, 0x80);
+  ZnString greek(mixed + 1);
+  Bytes greekKey(20, 'x');
+  ASSERT_EQ(mgr.Translate(ZnSTRING_T, greekKey.data(), 0x81, 20, &greek, 8, 0, 1), 8u);
+  EXPECT_EQ(greekKey[3], 2) << "the class of the text, not of its language";
   ZnString loaded, out;
   mgr.Translate(ZnSTRING_T, &loaded, 8, 0, key.data(), 0x81, 8, 1);
   EXPECT_EQ(Latin(mgr.PrintToZnString(ZnSTRING_T, out, &loaded, "<%3M>", 1)),
@@ -216,6 +266,11 @@ TEST_F(StringForms, PrintsByItsFormat) {
   EXPECT_EQ(out.codeSet, 1);
   print(Make("\xA4", 14, 1), "%s");
   EXPECT_EQ(out.codeSet, 14);
+  ZnString euro(static_cast<unsigned short>(0x20AC));
+  EXPECT_EQ(print(euro, "<%s>"), "<\xA4>") << "in the code set of the output";
+  EXPECT_EQ(out.codeSet, 14);
+  EXPECT_EQ(print("abc", "<%-05s|%.s>"), "<abc  |%.s>");
+  EXPECT_EQ(print("abc", "<%.s>"), "<>");
 }
 
 TEST_F(StringForms, PrintsOrderText) {
@@ -233,6 +288,10 @@ TEST_F(StringForms, PrintsOrderText) {
   EXPECT_EQ(print("<%2M>"), "<A\xE4 7>");
   EXPECT_EQ(print("%3M;"), "upper letter A;lower letter a with diaeresis;space;digit 7;");
   EXPECT_EQ(print("%4M,"), "A,\\\"a, ,7,");
+  ZnString::SetDefaultCodeSet(5);
+  Bytes const letters = print("%s");
+  ZnString::SetDefaultCodeSet(1);
+  EXPECT_EQ(letters, "A\xE4 7") << "letters of code set 1, whatever the default";
 }
 
 TEST_F(StringForms, ScansNullsAndTexts) {

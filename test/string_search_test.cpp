@@ -69,6 +69,9 @@ TEST(StringSearch, FindsCharacters) {
   EXPECT_EQ(ZnString().Find("", 0, ZnCmpDefault), -1);
   EXPECT_EQ(s.SubStringPos("c*b", 0), 2);
   EXPECT_EQ(s.SubStringPos("C", ZnCmpNoWildcards | ZnCmpIgnoreCase), 2);
+  ZnString native("ABC");
+  native.codeSet = 0;
+  EXPECT_EQ(native.Find('b', 0, ZnCmpNoWildcards | ZnCmpIgnoreCase), -1) << "bytes have no case";
 }
 
 TEST(StringSearch, ReplacesBehindWhatItPutIn) {
@@ -88,6 +91,9 @@ TEST(StringSearch, ReplacesBehindWhatItPutIn) {
   ZnString s("a-b");
   s.ReplaceAll('-', '+');
   EXPECT_EQ(Latin(s), "a+b");
+  s.codeSet = CodeSetNamed("ISO-8859-15");
+  s.ReplaceAll('+', '\xA4');
+  EXPECT_EQ(Latin(s), "a?b") << "the currency sign is not in this code set";
   ZnString wide = Wide("a-b");
   wide.ReplaceAll(static_cast<unsigned short>('-'), static_cast<unsigned short>(0x20AC));
   EXPECT_EQ(UnitAt(wide, 1), 0x20AC);
@@ -147,6 +153,9 @@ TEST(StringSearch, ChangesCase) {
   wide.ToUpper();
   EXPECT_EQ(Latin(wide), "SSX");
   EXPECT_EQ(wide.capacity, 8);
+  ZnString turkish = Wide("i");
+  turkish.language = ZnLanguageContext::FindLanguage("tr")->id;
+  EXPECT_EQ(Latin(turkish.ToUpper()), "I") << "in the default language";
   ZnString sharp;
   sharp.Fill(40000, '\xDF');
   sharp.ToUpper();
@@ -174,6 +183,7 @@ TEST(StringSearch, GivesAccessToCharacters) {
   s[1] = 'x';
   EXPECT_EQ(Latin(s), "axc");
   EXPECT_EQ(s[3].Value(), 0);
+  EXPECT_EQ(s[3].place, s.text + 3);
   EXPECT_EQ(s[4].codeSet, 253);
   EXPECT_EQ(s[4].place, nullptr);
   ZnString wide = Wide("abc");
@@ -227,6 +237,8 @@ TEST(StringNumbers, DrawsZerosTogetherInWideText) {
   EXPECT_EQ(static_cast<int>(Wide(("-" + zeros + "17").c_str())), -15) << "an octal number";
   EXPECT_EQ(static_cast<int>(Wide((zeros + "x17").c_str())), 0) << "no prefix";
   EXPECT_EQ(static_cast<int>(Wide("0x0000000000000000000000000000000000017")), 0);
+  EXPECT_EQ(static_cast<int>(Wide(("+" + zeros + "17").c_str())), 15);
+  EXPECT_EQ(static_cast<int>(Wide((std::string(40, ' ') + "42").c_str())), 42);
   unsigned short const units[] = {0x3000, '4', '2', 0x130, '1', 0};
   EXPECT_EQ(static_cast<int>(ZnString(units)), 42);
 }
@@ -245,6 +257,8 @@ TEST(StringNumbers, TellsWhetherThereIsANumber) {
   EXPECT_EQ(out, 16);
   EXPECT_EQ(Wide("0x10").Atol(out), 0);
   EXPECT_EQ(out, 16);
+  EXPECT_EQ(ZnString("010").Atoll(wide), 0);
+  EXPECT_EQ(wide, 10);
   EXPECT_EQ(ZnString("-99999999999").Strtoll(wide), 0);
   EXPECT_EQ(wide, -99999999999LL);
 }
@@ -263,6 +277,8 @@ TEST(StringRelations, ComparesInLanguageOrder) {
   german.language = 2;
   EXPECT_TRUE(german.EqualsIgnoreLanguage(a));
   EXPECT_FALSE(german.EqualsIgnoreLanguage("a*"));
+  german.SetNullValue();
+  EXPECT_FALSE(german.EqualsIgnoreLanguage(a));
 }
 
 TEST(StringRelations, SplitsLists) {

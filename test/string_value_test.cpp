@@ -100,11 +100,14 @@ TEST(StringValue, TakesCodeSetAndLanguageWhenAssigned) {
   target = ZnString(wide.data());
   EXPECT_EQ(target.codeSet, 253);
   EXPECT_EQ(Latin(target), "wide");
+  target.language = 7;
   target = "narrow";
   EXPECT_EQ(target.codeSet, 1);
+  EXPECT_EQ(target.language, 1);
   EXPECT_EQ(Latin(target), "narrow");
   target = target.text + 3; // text inside the string's own buffer
   EXPECT_EQ(Latin(target), "row");
+  EXPECT_EQ(target.capacity, 4) << "what is stored is the buffer";
   ZnString & alias = target;
   target = alias;
   EXPECT_EQ(Latin(target), "row");
@@ -113,6 +116,18 @@ TEST(StringValue, TakesCodeSetAndLanguageWhenAssigned) {
   target = ZnString(static_cast<unsigned char>(5), static_cast<unsigned char>(3));
   EXPECT_EQ(target.codeSet, 5);
   EXPECT_EQ(target.language, 3);
+}
+
+TEST(StringValue, TakesTheDefaultOfTheRightWidth) {
+  unsigned char const usual = ZnString::GetDefaultCodeSet();
+  ZnString::SetDefaultCodeSet(253);
+  ZnString const unset;
+  ZnString assigned;
+  assigned = "a";
+  ZnString::SetDefaultCodeSet(usual);
+  EXPECT_EQ(unset.codeSet, 253);
+  EXPECT_EQ(assigned.codeSet, 1);
+  EXPECT_EQ(Latin(assigned), "a");
 }
 
 TEST(StringValue, PassesItsBufferOn) {
@@ -172,11 +187,11 @@ TEST(StringValue, ChangesItsCodeSet) {
   EXPECT_EQ(s.codeSet, euroSet);
   EXPECT_EQ(s.capacity, 2);
 
-  ZnString native("\xE4");
+  ZnString native("\xE4x");
   native.SetCodeSet(253);
   native.SetCodeSet(0);
   EXPECT_EQ(native.codeSet, 0);
-  EXPECT_EQ(Latin(native), "\xE4");
+  EXPECT_EQ(Latin(native), "\xE4x");
 
   ZnString unset;
   unset.SetCodeSet(253);
@@ -195,13 +210,15 @@ TEST(StringValue, ConvertsNoFurtherThanItsBuffer) {
 }
 
 TEST(StringValue, CopiesMappedIntoItsBuffer) {
-  ZnString const source("gr\xFC\xDF"
-                        "e");
+  ZnString source("gr\xFC\xDF"
+                  "e");
+  source.language = 2;
   ZnString target("a longer text than that");
   char * const buffer = target.text;
   EXPECT_EQ(target.CopyMapped(source, 253, -1), 5);
   EXPECT_EQ(target.text, buffer) << "a buffer that is large enough stays";
   EXPECT_EQ(target.capacity, 24);
+  EXPECT_EQ(target.language, 2);
   EXPECT_EQ(Latin(target), "gr\xFC\xDF"
                            "e");
   for (unsigned i = 10; i < target.capacity; ++i)

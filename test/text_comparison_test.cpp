@@ -138,6 +138,7 @@ TEST(Comparison, LimitCountsUnitsReadOnEachSide) {
   EXPECT_EQ(Compare("abc", "abd", kLiteral, 2), 0);
   EXPECT_EQ(Compare("abc", "abd", kLiteral, 3), -1);
   EXPECT_EQ(Compare("abc", "xyz", kLiteral, 0), 0);
+  EXPECT_EQ(Compare("abc", "xyz", ZnCmpKeysOnly, 0), 0);
   EXPECT_EQ(Compare("a b", "ac", kLiteral | ZnCmpIgnoreSpaces, 2), -1); // the space is counted
   EXPECT_EQ(Compare("ab", "ac", ZnCmpKeysOnly, 1), 0);
   EXPECT_EQ(Compare("ab", "*", 0, 1), 0);
@@ -189,6 +190,7 @@ TEST(Comparison, NativeBytesHaveNoLanguage) {
   for (ByteCase const & c : std::vector<ByteCase>{
            {"a", "B", kLiteral, -1, 1},
            {"\xFF", "a", kLiteral, -1, 1},
+           {"abc", "abd", kLiteral, 0, 0},
            {"abc", "abd", kLiteral, 2, 0},
            {"abc", "abd", kLiteral, 3, -1},
            {"ab", "abc", ZnCmpKeysOnly, -1, -1},
@@ -203,6 +205,7 @@ TEST(Comparison, NativeBytesHaveNoLanguage) {
            {"a", "a?", 0, -1, -1},
            {"abc", "ab", 0, -1, 1},
            {"abc", "abx", 0, 2, 0},
+           {"abc", "ab", 0, 2, 0},
            {"abab", "*b", 0, -1, 1}, // takes the first b
            {"A", "a", ZnCmpIgnoreCase, -1, -1},
            {"x", nullptr, 0, -1, 1},
@@ -232,6 +235,12 @@ TEST(Comparison, WildcardsCanBeOtherCharacters) {
   EXPECT_EQ(Compare("abc", "a%", 0), 0);
   EXPECT_EQ(Compare("abc", "a_c", 0), 0);
   EXPECT_NE(Compare("abc", "a*", 0), 0);
+  EXPECT_EQ(ZnString::SetEscape(ZnChar('#', 1, 1)), 0);
+  EXPECT_NE(Compare("abc", "a#", 0), 0) << "the escape is no wildcard";
+  ZnString::SetEscape(ZnChar('\\', 1, 1));
+  ZnString::SetQuestion(ZnChar('q', 1, 1)); // a letter may be one as well
+  EXPECT_EQ(Compare("abc", "qbq", 0), 0);
+  EXPECT_NE(Compare("qbc", "abc", 0), 0);
   ZnString::SetAsterisk(ZnChar('*', 1, 1));
   ZnString::SetQuestion(ZnChar('?', 1, 1));
   EXPECT_EQ(Compare("abc", "a*", 0), 0);
@@ -786,6 +795,7 @@ TEST(Hash, FoldsKeys) {
   EXPECT_EQ(HashString(1, 1, abc, 0, 1), 0u);
   EXPECT_EQ(HashString(1, 1, abc, 3, 1), (a * 9 + b) * 9); // the end counts as 0
   EXPECT_EQ(HashString(0, 0, abc, -1, 1), 'a' * 9u + 'b');
+  EXPECT_EQ(HashString(0, 0, abc, 3, 1), ('a' * 9u + 'b') * 9);
   EXPECT_EQ(HashString(5, 254, abc, -1, 1), 0xFEFE7575u);
   EXPECT_EQ(HashString(254, 0, nullptr, -1, 1), 0xFEFE7575u);
 }

@@ -74,6 +74,8 @@ TEST(Zanin, DefaultsComeBackWithTheStart) {
   ZnLanguageContext::SetDefaultCodeSet(5);
   EXPECT_EQ(ZnLanguageContext::GetDefault8CodeSet(), 5);
   EXPECT_EQ(ZnLanguageContext::GetDefault16CodeSet(), 253);
+  ZnLanguageContext::SetDefaultCodeSet(0);
+  EXPECT_EQ(ZnLanguageContext::GetDefault8CodeSet(), 5);
   ZnLanguageContext::SetDefaultLanguage(7);
   ZnLanguageContext::SetDefaultCmpOp(0x30);
   EXPECT_EQ(ZnLanguageContext::GetDefaultLanguage(), 7);
@@ -410,6 +412,10 @@ TEST(Zanin, MappingGoesThroughUnicode) {
   EXPECT_EQ(ZnLanguageContext::QueryCodeSet(25)->Map(0xE9, 5), 0xDD); // ISO 8859-5 to KOI8-R
   EXPECT_EQ(ZnLanguageContext::QueryCodeSet(1)->Map(0xE9, 5), '?');
   EXPECT_EQ(Unicode()->Map(0x500C, 254), 0xFFFD);
+  for (auto const & [c, source] : {std::pair(0x500C, 254), std::pair(int('a'), 1)})
+    EXPECT_EQ(ZnLanguageContext::QueryCodeSet(254)->Map(static_cast<unsigned short>(c),
+                                                        static_cast<unsigned char>(source)),
+              0x500C);
 }
 
 TEST(Zanin, CasePairs) {
