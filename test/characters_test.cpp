@@ -45,7 +45,9 @@ TEST(Characters, ReferToPlacesAndCopyAsValues) {
   c = static_cast<unsigned short>(0x1234);
   EXPECT_EQ(buffer[0], 0x12);
 
+  copy.language = 9;
   copy = c; // a value takes over the ids
+  EXPECT_EQ(copy.language, 1);
   EXPECT_EQ(copy.Value(), 0x1234);
   EXPECT_EQ(copy.byteOrder, 2);
   EXPECT_EQ(ZnChar(static_cast<unsigned short>(0x141), 1, 1).Value(), 0x41);
@@ -129,7 +131,9 @@ TEST(Characters, ChangeCaseWithinTheirCodeSet) {
   EXPECT_EQ(ZnChar('\xC4', 1, 1).ToLower(nullptr).Value(), 0xE4);
   EXPECT_EQ(ZnChar('1', 1, 1).ToUpper(nullptr).Value(), '1');
   EXPECT_EQ(ZnChar('\xE4', 0, 1).ToUpper(nullptr).Value(), 0xE4); // native: ASCII only
-  EXPECT_EQ(ZnChar('q', 0, 1).ToUpper(nullptr).Value(), 'Q');
+  EXPECT_EQ(ZnChar('z', 0, 1).ToUpper(nullptr).Value(), 'Z');
+  unsigned char const turkish = ZnLanguageContext::FindLanguage("tr")->id;
+  EXPECT_EQ(ZnChar(static_cast<unsigned short>('i'), 253, turkish).ToUpper(nullptr).Value(), 0x130);
   EXPECT_EQ(ZnChar(static_cast<unsigned short>(0x3B1), 253, 1).ToUpper(nullptr).Value(), 0x391);
 
   char sharp[] = "\xDF"
@@ -160,7 +164,8 @@ TEST(Iterator, WalksBothWaysAndOverLists) {
   it.Step(1);
   EXPECT_TRUE(it.IsEOS());
   it.SetOverflow(&list, 255);
-  EXPECT_FALSE(it.IsEOS()); // items are pending at the terminator
+  EXPECT_FALSE(it.IsEOS());                               // items are pending at the terminator
+  EXPECT_TRUE(it == ZnStringIterator(text + 2, 1, 1, 1)); // whatever is pending
   ZnChar const item = *it;
   EXPECT_EQ(item.Value(), 'x');
   EXPECT_EQ(item.codeSet, 1);
@@ -170,6 +175,8 @@ TEST(Iterator, WalksBothWaysAndOverLists) {
   EXPECT_EQ(it.current, text + 2);
 
   EXPECT_EQ(ZnStringIterator(text, 1, 255, 1).language, ZnLanguageContext::GetDefaultLanguage());
+  unsigned short const wide[] = {'a', 0};
+  EXPECT_EQ(ZnStringIterator(const_cast<unsigned short *>(wide), 255, 1, 1).codeSet, 253);
   ZnString german("x");
   german.language = 2;
   EXPECT_EQ(ZnStringIterator(german).language, 2);
@@ -292,12 +299,17 @@ TEST(OrderNumbers, ReadAsCharacters) {
   EXPECT_EQ(convert(0x600C | 2 << 7), 'a');
   EXPECT_EQ(convert(OrderOf('a'), 5, 1), 'a') << "not the ordinal indicator";
 
+  for (char const symbol : std::string("_-,;:!?/.'\"()[]{}@$*&#%+`^~<=>|"))
+    EXPECT_EQ(convert(OrderOf(static_cast<char16_t>(symbol))), symbol);
+
   unsigned short const acute = OrderOf(0xE1);
   char const * name = "as it was";
   unsigned char c = 0;
   ZnConvertOrderToChar(acute, 5, c, 1, &name);
   EXPECT_EQ(c, 0xE1);
   EXPECT_STREQ(name, "\\'a");
+  ZnConvertOrderToChar(OrderOf(0xC0), 5, c, 1, &name);
+  EXPECT_STREQ(name, "\\`A");
   name = "as it was";
   ZnConvertOrderToChar(0x600C | 31 << 7, 5, c, 1, &name);
   EXPECT_EQ(c, 'a');

@@ -95,7 +95,8 @@ TYPED_TEST(OldString, EditsBytes) {
   EXPECT_EQ(made([](S & s) { s.SpaceToZero(); }, "1 2"), "102");
   EXPECT_EQ(made([](S & s) { s.ZeroToSpace(); }, "102"), "1 2");
   EXPECT_EQ(made([](S & s) { s.ToLower(); }, "AZ\xC4\xD7\xDE\xFF\x8C"), "az\xE4\xD7\xFE\x9F\x9C");
-  EXPECT_EQ(made([](S & s) { s.ToUpper(); }, "az\xE4\xF7\xFE\x9F\x9C"), "AZ\xC4\xF7\xDE\xFF\x8C");
+  EXPECT_EQ(made([](S & s) { s.ToUpper(); }, "az\xE4\xF7\xFE\xFF\x9F\x9C"),
+            "AZ\xC4\xF7\xDE\xFF\xFF\x8C");
   EXPECT_EQ(Text(S("abc").Copy(1, 65535)), "bc");
   EXPECT_EQ(Text(S("abc").Copy(3, 1)), "");
   EXPECT_EQ(Text(S("a") + S("b")), "ab");
@@ -116,6 +117,18 @@ TEST(OldStringOrder, FollowsTheTables) {
   EXPECT_TRUE(ZnIString("\xFF") == ZnIString("y"));
   EXPECT_TRUE(ZnCaseIString("\xFF") == ZnCaseIString("y"));
   EXPECT_TRUE(ZnCaseIString("\xF7") > ZnCaseIString("\xD7"));
+  EXPECT_TRUE(ZnIString("\x9C") == ZnIString("oe"));
+  EXPECT_TRUE(ZnIString("\x8C") == ZnIString("OE"));
+  EXPECT_TRUE(ZnCaseIString("\x9C") == ZnCaseIString("OE"));
+  // Each side may be in weights.
+  ZnCaseIString weighed("\x54\x5B");
+  weighed.mark = ZnCollationMark::Weights;
+  EXPECT_TRUE(weighed == ZnCaseIString("ab"));
+  EXPECT_TRUE(ZnCaseIString("ab") == weighed);
+  ZnCaseIString pattern("ab*");
+  int error;
+  EXPECT_EQ(ZnCaseIStringCompare(8, 0, &weighed, 0, &pattern, 0, 1, error), 0);
+  EXPECT_EQ(error, ZnErrIncomplete);
   EXPECT_TRUE(ZnIString() < ZnIString("a"));
   EXPECT_TRUE(ZnIString() == ZnIString(""));
   EXPECT_TRUE(ZnIString("ab") < ZnIString("abc"));
@@ -150,6 +163,7 @@ TYPED_TEST(OldString, StoresAndLoads) {
     EXPECT_EQ(Text(loaded[i]), Text(values[i]));
   EXPECT_EQ(mgr.DiskLenGet(id, big.data(), 2, 3, 2), big.size());
   EXPECT_EQ(mgr.DiskLenGet(id, values + 2, 0x81, 1, 8), 3u + 4) << "the sharp s weighs twice";
+  EXPECT_EQ(mgr.DiskLenGet(id, little.data(), 0x81, 3, 1), 3u + 8);
   Bytes const weighed = "\xC0\x04\x00\x4E\x9C\x9C\0"s;
   EXPECT_EQ(mgr.DiskLenGet(id, weighed.data(), 0x81, 1, 0x81), 7u) << "weights grow no further";
   EXPECT_EQ(mgr.DiskLenGet(id, values, 0x88, 1, 8), 0u);
@@ -221,7 +235,7 @@ TEST(OldStringOrder, ComparesWholeTextsByTheRows) {
       {"abc", "a\\*c", 0, 1, 1},  {"a\nb", "a\\nb", 0, 0, 0}, {"ABC", "a*c", 0, 1, 0},
       {"abc", "abd", 0, -1, -1},  {"", "*", 0, 0, 0},         {"", "?", 0, 1, 1},
       {"a\tb", "a\\tb", 0, 0, 0}, {"a\rb", "a\\rb", 0, 0, 0}, {"a\\", "a\\", 0, 0, 0},
-      {"Y", "\x9F", 0, -1, -1},   {"\xDF", "s", 0, 1, -1},
+      {"a", "\xE4*", 0, 1, -1},   {"Y", "\x9F", 0, -1, -1},   {"\xDF", "s", 0, 1, -1},
   };
   for (auto const & c : cases) {
     SCOPED_TRACE(std::string(c.a) + " and " + c.b);
@@ -249,6 +263,10 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
   EXPECT_EQ(error, ZnErrIncomplete);
   EXPECT_EQ(cmp(whole, 9, same, 0), 0);
   EXPECT_EQ(error, 0);
+  // Literally, a key and a plain text compare by bytes.
+  Bytes literal = "\x40\x06\x00"s + "ABCDE\0"s;
+  EXPECT_GT(cmp(whole, 9, literal, 0x10), 0);
+  EXPECT_EQ(error, 0);
   Bytes star = "\x40\x02\x00"s + "*\0"s, prefix = "\x40\x04\x00"s + "ab*\0"s;
   EXPECT_EQ(cmp(whole, 9, star, 0), 0);
   EXPECT_EQ(error, 0);
@@ -273,10 +291,11 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
     EXPECT_EQ((result > 0) - (result < 0), p.result) << p.pattern;
     EXPECT_EQ(error, ZnErrIncomplete);
   }
-  Bytes longKey(3 + 300, '\x4E');
-  longKey.replace(0, 3, "\xC0\x40\x02"s);
-  EXPECT_EQ(cmp(whole, 9, longKey, 0), -1);
-  EXPECT_EQ(error, ZnErrNotSupported);
+  for (unsigned const left : {253u, 254u, 300u}) {
+    Bytes longKey(3 + left, '\x4E');
+    longKey.replace(0, 3, "\xC0\x40\x02"s);
+    EXPECT_EQ(cmp(whole, 9, longKey, 0) == -1 && error == ZnErrNotSupported, left >= 254) << left;
+  }
 }
 
 TYPED_TEST(OldString, ComparesArrays) {
@@ -329,6 +348,35 @@ TYPED_TEST(OldString, BoundsAnIndexScan) {
   bound("ab", op, &out);
   EXPECT_EQ(out.lowKey, nullptr);
   EXPECT_EQ(op, ZnOpBelow | 0x8000);
+  void * const kept = out.highKey;
+  op = ZnOpAbove;
+  bound("ac", op, &out);
+  EXPECT_EQ(out.highKey, kept);
+  ASSERT_NE(out.lowKey, nullptr);
+  EXPECT_EQ(static_cast<char *>(out.lowKey)[4], static_cast<char>(cased ? 0x5C : 0x5E));
+  out.highKey = nullptr;
+  bound("ab", op, &out);
+  EXPECT_EQ(out.highKey, nullptr) << "nothing ends what is above";
+  EXPECT_EQ(static_cast<char *>(out.lowKey)[4], static_cast<char>(cased ? 0x5C : 0x5E))
+      << "a key that is there stays";
+  std::free(kept);
+  std::free(out.lowKey);
+  // A value may be in weights; the caseless class cuts its keys as an index does.
+  out = {};
+  op = ZnOpEqual;
+  Bytes weighed = "\xC0\x03\x00"s + ab + "\0"s;
+  mgr.EvalAndBound(kId<S>, nullptr, op, weighed.data(), 1, 1, &out, nullptr);
+  EXPECT_EQ(Bytes(static_cast<char *>(out.lowKey), out.lowLength), weighed);
+  std::free(out.lowKey);
+  std::free(out.highKey);
+  out = {};
+  S const longText(Bytes(300, 'a').c_str());
+  Bytes stored(400, 'x');
+  mgr.Store(kId<S>, stored.data(), &longText, 1, 1);
+  mgr.EvalAndBound(kId<S>, nullptr, op, stored.data(), 1, 1, &out, nullptr);
+  EXPECT_EQ(out.lowLength, cased ? 304 & 255 : 254);
+  EXPECT_EQ(static_cast<char *>(out.lowKey)[cased ? 303 : 253], 0);
+  std::free(out.lowKey);
   std::free(out.highKey);
 
   // Of the range from "aaaa" to "zzzz", "mmmm" is a single place, and what is above it and below
@@ -351,6 +399,8 @@ TYPED_TEST(OldString, BoundsAnIndexScan) {
   EXPECT_LT(equal, 0.001);
   EXPECT_GT(below, above);
   EXPECT_NEAR(below + above, 1.0, 0.001);
+  op = ZnOpBelow;
+  EXPECT_EQ(bound("!", op, nullptr, &area), 0) << "below all that there is";
   // A text of one weight stands for all that its next one may be.
   op = ZnOpEqual;
   double const all = cased ? 0x86868686 - 0x4E4E4E4E + 1.0 : 0x87878787 - 0x54545454 + 1.0;

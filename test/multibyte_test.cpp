@@ -246,16 +246,22 @@ TEST(MultiByte, StopsAtItsByteLimit) {
 }
 
 TEST(MultiByte, WritesBytesBelow128AsTheirCodeSetTells) {
-  ZnString s("12345678%");
+  ZnString s("1%345678");
   s.codeSet = CodeSetNamed("IBM864"); // an Arabic percent sign
   char out[16];
-  EXPECT_EQ(ZnString2ZnMBS(s, out, 16), 10);
-  EXPECT_EQ(std::string(out), "12345678\xD9\xAA");
-  s = "%%%%%%%%";
-  s.codeSet = CodeSetNamed("IBM864");
-  EXPECT_EQ(ZnString2ZnMBS(s, out, 8), -8) << "eight bytes at once are no ASCII either";
-  EXPECT_EQ(out[1], '\xAA');
-  EXPECT_EQ(ZnMBSLength(s, 3), 6);
+  EXPECT_EQ(ZnString2ZnMBS(s, out, 16), 9);
+  EXPECT_EQ(std::string(out), "1\xD9\xAA"
+                              "345678");
+  EXPECT_EQ(ZnMBSLength(s, 3), 4);
+  s = "abc";
+  for (unsigned char const codeSet : {5, 6}) { // ASCII is measured whole in the first five alone
+    s.codeSet = codeSet;
+    EXPECT_EQ(ZnMBSLength(s, 2), codeSet == 5 ? 3 : 2);
+  }
+  ZnString wide = WideString({'a', 0xE4});
+  wide.codeSet = 225; // two bytes a character, and no table of its own
+  EXPECT_EQ(ZnString2ZnMBS(wide, out, 16), 3);
+  EXPECT_EQ(std::string(out), "a\xC3\xA4");
 }
 
 TEST(MultiByte, DropsWhatAStringHeld) {

@@ -146,6 +146,27 @@ TEST(StringRow, TellsKeysOfMixedClass) {
   EXPECT_EQ(RunRow(a, b, kLiteral, 0x82), (Outcome{1, 0}));
 }
 
+TEST(StringRow, SkipsUnitsOfAKeyByTheirKind) {
+  auto const key = [](unsigned int unit) {
+    std::string text("\x0C\x60", 2);
+    if (unit != 0)
+      text += {static_cast<char>(unit), static_cast<char>(unit >> 8)};
+    return Stored(text, 254, 5);
+  };
+  struct {
+    unsigned int unit;
+    int spaces, symbols; ///< the result where these are ignored
+  } const cases[] = {{79, 0, 1}, {80, 1, 0}, {16127, 1, 0}, {16128, 1, 1}};
+  for (auto const & c : cases) {
+    EXPECT_EQ(RunRow(key(c.unit), key(0), kLiteral | ZnCmpIgnoreSpaces, 0x81),
+              (Outcome{c.spaces, 0}))
+        << c.unit;
+    EXPECT_EQ(RunRow(key(c.unit), key(0), kLiteral | ZnCmpIgnoreSymbols, 0x81),
+              (Outcome{c.symbols, 0}))
+        << c.unit;
+  }
+}
+
 TEST(StringRow, NoStoredBytesAreReadOutside) {
   std::vector<std::string> samples = {Stored("abcdef"),
                                       Stored("a*d"),
@@ -179,8 +200,16 @@ TEST(StringRow, HashesMemoryAndStoredFormAlike) {
     EXPECT_EQ(manager.Hash(ZnSTRING_T, 0, stored.data(), 1, 1, error), inMemory);
     EXPECT_EQ(inMemory, HashString(1, 1, s.StrGet(), -1, 8) * 1103515245u);
   }
-  // The mark of a mixed key does not count.
   int error = -1;
+  ZnString array[] = {"abc", static_cast<unsigned short>(0x20AC)};
+  std::string const both = Stored("abc") + Stored("\xAC\x20", 253);
+  EXPECT_EQ(manager.Hash(ZnSTRING_T, 0, array, 2, 8, error),
+            manager.Hash(ZnSTRING_T, 0, const_cast<char *>(both.data()), 2, 1, error));
+  EXPECT_EQ(
+      manager.Hash(ZnSTRING_T, 0, array, 2, 8, error),
+      (HashString(1, 1, array[0].StrGet(), -1, 8) ^ HashString(253, 1, array[1].StrGet(), -1, 8)) *
+          1103515245u);
+  // The mark of a mixed key does not count.
   for (unsigned char scriptClass : {0x05, 0x85}) {
     ZnString key;
     std::string stored = Stored(std::string("\x0C\x60", 2), 254, scriptClass);

@@ -90,6 +90,10 @@ TEST_F(StringForms, LoadsWhatItStored) {
     MemFile file(two.data(), kept);
     EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnSTRING_T, &file, 1, 3), 2u * 65535) << kept;
   }
+  MemFile later(two.data(), 18);
+  unsigned wanted = 2;
+  later.Seek(9, MemFile::FromStart, &wanted, 0);
+  EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnSTRING_T, &later, 1, 2), 65535u) << "one is there";
   ZnString untouched("old");
   EXPECT_EQ(mgr.Load(ZnSTRING_T, &untouched, "\0\0", 1, 1), 0u);
   EXPECT_EQ(Latin(untouched), "old");
@@ -107,6 +111,18 @@ TEST_F(StringForms, ReadsAndWritesTheOldForm) {
   EXPECT_EQ(out, form);
   EXPECT_EQ(mgr.DiskLenGet(ZnSTRING_T, form.data(), 1, 3, 1), 8u);
   EXPECT_EQ(old.DiskLenGet(ZnSTRING_T, form.data(), 1, 3, 1), 8u);
+
+  Bytes placed(10, 'x');
+  EXPECT_EQ(old.Translate(ZnSTRING_T, placed.data(), 1, 10, loaded, 8, 0, 3), 8u);
+  EXPECT_EQ(placed, form + "\0\0"s);
+  for (ZnTypeMgr const * table : {&mgr, &old}) {
+    ZnString copies[3];
+    EXPECT_EQ(table->Translate(ZnSTRING_T, copies, 8, 0, loaded, 8, 0, 3), 48u);
+    EXPECT_EQ(Latin(copies[0]) + "|" + Latin(copies[2]), "ab|c");
+  }
+  Bytes const twice = "\x00\x02"s + "a\0"s + "\x00\x03"s + "bc\0"s;
+  MemFile file(twice.data(), 9);
+  EXPECT_EQ(old.DiskLenGetFromMemFile(ZnSTRING_T, &file, 2, 2), 9u);
 
   Bytes renewed(12, 'x');
   EXPECT_EQ(Translate(renewed, 1, "\x04\x00"s + "abc\0"s, 1), 8u);
@@ -149,6 +165,12 @@ TEST_F(StringForms, ChoosesTheCodeSetByTheFormat) {
   ASSERT_EQ(Translate(native, 0xC1, Stored(Make("ab", 0, 1), 1), 1), 10u);
   ASSERT_EQ(Translate(latin, 0x81, Stored(Make("ab", 1, 1), 1), 1), 10u);
   EXPECT_EQ(native, latin);
+  Bytes raw(9, 'x');
+  ZnString const latinText = Make("abc", 1, 2);
+  EXPECT_EQ(
+      mgr.Translate(ZnSTRING_T, raw.data(), 0xA2, 9, const_cast<ZnString *>(&latinText), 8, 0, 1),
+      9u);
+  EXPECT_EQ(raw, "\x00\x07\x00\x02"s + "abc\x00\xFF"s);
   Bytes null(20, 'x');
   ASSERT_EQ(Translate(null, 0xC1, Stored(Null(), 1), 1), 6u);
   EXPECT_EQ(null.substr(0, 6), "\x04\x00\xFE\x00\x00\xFF"s);
@@ -264,7 +286,7 @@ TEST_F(StringForms, PrintsByItsFormat) {
   EXPECT_EQ(print(ZnString(), "<%s>"), "");
   EXPECT_EQ(print(Make("w\xE4", 253, 1), "<%s>"), "<w\xE4>");
   EXPECT_EQ(out.codeSet, 1);
-  print(Make("\xA4", 14, 1), "%s");
+  EXPECT_EQ(print(Make("\xA4", 14, 1), "%s"), "\xA4");
   EXPECT_EQ(out.codeSet, 14);
   ZnString euro(static_cast<unsigned short>(0x20AC));
   EXPECT_EQ(print(euro, "<%s>"), "<\xA4>") << "in the code set of the output";

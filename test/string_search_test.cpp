@@ -63,6 +63,8 @@ TEST(StringSearch, FindsCharacters) {
   EXPECT_EQ(s.Find('c', 3, 0x10), 5);
   EXPECT_EQ(s.Find(static_cast<unsigned short>('b'), 2, 0x10), 4);
   EXPECT_EQ(s.Find('x', 0, 0x10), -1);
+  unsigned short const decomposed[] = {0x438, 0x306, 0}; // reads as the letter of the pattern
+  EXPECT_EQ(ZnString(decomposed).Find(static_cast<unsigned short>(0x439), 0, 0x10), 0);
   EXPECT_EQ(s.Find("", 2, ZnCmpDefault), 2);
   EXPECT_EQ(s.Find("", 6, ZnCmpDefault), 6);
   EXPECT_EQ(s.Find("", 7, ZnCmpDefault), -1);
@@ -99,6 +101,13 @@ TEST(StringSearch, ReplacesBehindWhatItPutIn) {
   EXPECT_EQ(UnitAt(wide, 1), 0x20AC);
   s.ReplaceAll(s, ZnString("x"));
   EXPECT_EQ(Latin(s), "x");
+  s.ReplaceAll(ZnString("x"), Wide("yz"));
+  EXPECT_EQ(Latin(s), "yz");
+  wide.ReplaceAll(ZnString("b"), ZnString("cd"));
+  EXPECT_EQ(Latin(wide), "a\xAC"
+                         "cd");
+  s.ReplaceAll(ZnString(), ZnString("x"), 3);
+  EXPECT_EQ(Latin(s), "yz") << "the search begins behind the text";
 }
 
 TEST(StringSearch, ReplacesUpToTheLimit) {
@@ -153,6 +162,7 @@ TEST(StringSearch, ChangesCase) {
   wide.ToUpper();
   EXPECT_EQ(Latin(wide), "SSX");
   EXPECT_EQ(wide.capacity, 8);
+  EXPECT_EQ(ZnString().ToUpper().text, nullptr);
   ZnString turkish = Wide("i");
   turkish.language = ZnLanguageContext::FindLanguage("tr")->id;
   EXPECT_EQ(Latin(turkish.ToUpper()), "I") << "in the default language";
@@ -277,6 +287,10 @@ TEST(StringRelations, ComparesInLanguageOrder) {
   german.language = 2;
   EXPECT_TRUE(german.EqualsIgnoreLanguage(a));
   EXPECT_FALSE(german.EqualsIgnoreLanguage("a*"));
+  ZnString::SetDefaultCmpOp(ZnCmpNoWildcards | ZnCmpIgnoreCase);
+  bool const asDefault = ZnString("ABC") == a && ZnChar('A', 1, 1) == 'a' && a != "a*";
+  ZnString::SetDefaultCmpOp(0);
+  EXPECT_TRUE(asDefault);
   german.SetNullValue();
   EXPECT_FALSE(german.EqualsIgnoreLanguage(a));
 }

@@ -796,6 +796,8 @@ TEST(Hash, FoldsKeys) {
   EXPECT_EQ(HashString(1, 1, abc, 3, 1), (a * 9 + b) * 9); // the end counts as 0
   EXPECT_EQ(HashString(0, 0, abc, -1, 1), 'a' * 9u + 'b');
   EXPECT_EQ(HashString(0, 0, abc, 3, 1), ('a' * 9u + 'b') * 9);
+  char high[] = "\xE4";
+  EXPECT_EQ(HashString(0, 0, high, -1, 1), 0xE4u);
   EXPECT_EQ(HashString(5, 254, abc, -1, 1), 0xFEFE7575u);
   EXPECT_EQ(HashString(254, 0, nullptr, -1, 1), 0xFEFE7575u);
 }
