@@ -50,7 +50,7 @@ TEST(Characters, ReferToPlacesAndCopyAsValues) {
   EXPECT_EQ(copy.language, 1);
   EXPECT_EQ(copy.Value(), 0x1234);
   EXPECT_EQ(copy.byteOrder, 2);
-  EXPECT_EQ(ZnChar(static_cast<unsigned short>(0x141), 1, 1).Value(), 0x41);
+  EXPECT_EQ(ZnChar(static_cast<unsigned short>(0x141), 1, 1).value, 0x41);
   EXPECT_EQ(ZnChar('a', 255, 255).codeSet, ZnLanguageContext::GetDefault8CodeSet());
   EXPECT_EQ(ZnChar(static_cast<unsigned short>('a'), 255, 255).codeSet,
             ZnLanguageContext::GetDefault16CodeSet());
@@ -224,6 +224,12 @@ TEST(Iterator, TracksTheClassIfAsked) {
   EXPECT_EQ(it.scriptClass, 20);
   it.GetNextOrder(1); // units at the top leave it
   EXPECT_EQ(it.scriptClass, 20);
+  char16_t top[] = u"a\ufff0\uffef";
+  ZnStringIterator edge(reinterpret_cast<unsigned short *>(top), 253, 1, 1);
+  for (unsigned char const expected : {latin, latin, static_cast<unsigned char>(20)}) {
+    edge.GetNextOrder(1);
+    EXPECT_EQ(edge.scriptClass, expected);
+  }
   it.GetNextOrder(0);
   EXPECT_EQ(it.scriptClass, 20);
 }

@@ -84,6 +84,7 @@ TYPED_TEST(OldString, EditsBytes) {
   EXPECT_EQ(made([](S & s) { s.Replace("XYZ", 6); }), "abcdef");
   EXPECT_EQ(made([](S & s) { s.Expand(8, '.'); }), "abcdef..");
   EXPECT_EQ(made([](S & s) { s.Expand(3, '.'); }), "abcdef");
+  EXPECT_TRUE(!S().Expand(0, '.'));
   EXPECT_EQ(made([](S & s) { s += S(); }), "abcdef");
   EXPECT_EQ(made([](S & s) { s += s; }), "abcdefabcdef");
   EXPECT_EQ(made([](S & s) { s = s.StrGet() + 3; }), "def");
@@ -189,6 +190,10 @@ TYPED_TEST(OldString, TranslatesToKeysAndBack) {
   EXPECT_EQ(Bytes(key, 7), "\xC0\x03\x00"s + weights + "\0"s);
   ASSERT_EQ(mgr.Translate(id, key, 0x81, 6, stored.data(), 1, 6, 1), 6u);
   EXPECT_EQ(Bytes(key, 6), "\xC0\x03\x00"s + weights.substr(0, 2) + "\0"s) << "a cut key";
+  Bytes const shortest = "\xC0\x03\x00"s + weights.substr(0, 1) + "\0"s;
+  EXPECT_EQ(mgr.Translate(id, key, 0x81, 5, stored.data(), 1, 6, 1), 5u);
+  EXPECT_EQ(Bytes(key, 5), shortest);
+  EXPECT_EQ(mgr.Translate(id, key, 0x81, 5, const_cast<S *>(&value), 8, 0, 1), 5u);
   EXPECT_EQ(mgr.Translate(id, key, 0x88, 16, stored.data(), 1, 6, 1), 0u);
   Bytes marked = "\x01"s + stored.substr(1);
   ASSERT_EQ(mgr.Translate(id, key, 0x81, 16, marked.data(), 1, 6, 1), 6u);
@@ -230,12 +235,13 @@ TEST(OldStringOrder, ComparesWholeTextsByTheRows) {
   } const cases[] = {
       {"a", "A", 0, -1, 0},       {"a", "A", 0x10, -1, 0},    {"a", "\xE4", 0x10, 0, 0},
       {"a", "\xE4", 0, -1, -1},   {"abc", "a*", 0, 0, 0},     {"abc", "a*", 0x10, 1, 1},
-      {"abc", "a?c", 0, 0, 0},    {"ac", "a?c", 0, 1, 1},     {"xaabab", "*ab", 0, 0, 0},
-      {"abx", "ac*", 0, -1, -1},  {"abx", "aa*", 0, 1, 1},    {"a*c", "a\\*c", 0, 0, 0},
-      {"abc", "a\\*c", 0, 1, 1},  {"a\nb", "a\\nb", 0, 0, 0}, {"ABC", "a*c", 0, 1, 0},
-      {"abc", "abd", 0, -1, -1},  {"", "*", 0, 0, 0},         {"", "?", 0, 1, 1},
-      {"a\tb", "a\\tb", 0, 0, 0}, {"a\rb", "a\\rb", 0, 0, 0}, {"a\\", "a\\", 0, 0, 0},
-      {"a", "\xE4*", 0, 1, -1},   {"Y", "\x9F", 0, -1, -1},   {"\xDF", "s", 0, 1, -1},
+      {"abc", "a*", 0x100, 1, 1}, {"abc", "a?c", 0, 0, 0},    {"ac", "a?c", 0, 1, 1},
+      {"xaabab", "*ab", 0, 0, 0}, {"abx", "ac*", 0, -1, -1},  {"abx", "aa*", 0, 1, 1},
+      {"a*c", "a\\*c", 0, 0, 0},  {"abc", "a\\*c", 0, 1, 1},  {"a\nb", "a\\nb", 0, 0, 0},
+      {"ABC", "a*c", 0, 1, 0},    {"abc", "abd", 0, -1, -1},  {"", "*", 0, 0, 0},
+      {"", "?", 0, 1, 1},         {"a\tb", "a\\tb", 0, 0, 0}, {"a\rb", "a\\rb", 0, 0, 0},
+      {"a\\", "a\\", 0, 0, 0},    {"a", "\xE4*", 0, 1, -1},   {"Y", "\x9F", 0, -1, -1},
+      {"\xDF", "s", 0, 1, -1},
   };
   for (auto const & c : cases) {
     SCOPED_TRACE(std::string(c.a) + " and " + c.b);
@@ -348,6 +354,9 @@ TYPED_TEST(OldString, BoundsAnIndexScan) {
   bound("ab", op, &out);
   EXPECT_EQ(out.lowKey, nullptr);
   EXPECT_EQ(op, ZnOpBelow | 0x8000);
+  op = ZnOpEqual | ZnCmpNoWildcards;
+  bound("ab*", op, nullptr);
+  EXPECT_EQ(op, ZnOpEqual) << "a plain text then";
   void * const kept = out.highKey;
   op = ZnOpAbove;
   bound("ac", op, &out);

@@ -56,6 +56,12 @@ TEST(StringRow, ComparesWholeTexts) {
   std::string const wide("\0a\0b", 4);
   EXPECT_EQ(RunRow(Stored(wide, 253, 1, true), Stored(wide, 253, 1, true), kLiteral, 2),
             (Outcome{0, 0}));
+  EXPECT_EQ(
+      RunRow(Stored(std::string("a\0b", 3), 253), Stored(std::string("a\0", 2), 253), kLiteral),
+      (Outcome{0, 0}))
+      << "half a character is none";
+  EXPECT_EQ(RunRow(std::string("\6\0\1\1ab\0\0", 8), Stored("ab"), kLiteral, 0x81), (Outcome{0, 0}))
+      << "no key is old";
   EXPECT_EQ(RunRow(Stored("", 0, 254), Stored(""), kLiteral), (Outcome{-1, 0}));
   EXPECT_EQ(RunRow(Stored(std::string(2000, 'a')), Stored(std::string(2000, 'a') + "b"), kLiteral),
             (Outcome{-1, 0}));
@@ -74,6 +80,9 @@ TEST(StringRow, StepsThroughArrays) {
   EXPECT_EQ(error, 0);
   EXPECT_EQ(StringCompare(8, 16, a, 0, b, kLiteral, 2, error), 0);
   EXPECT_EQ(error, ZnErrIncomplete);
+  ZnString c[3] = {"y", "b", "c"}, d[3] = {"z", "b", "c"};
+  EXPECT_LT(StringCompare(8, 32, c, 0, d, kLiteral, 3, error), 0);
+  EXPECT_EQ(error, 0) << "decided before the end";
 }
 
 TEST(StringRow, ReadsOldTexts) {
@@ -141,8 +150,8 @@ TEST(StringRow, TellsKeysOfMixedClass) {
   EXPECT_EQ(RunRow(longer, mixed, kLiteral, 0x81), (Outcome{1, ZnErrMixedSecondKey}));
   EXPECT_EQ(RunRow(longer, mixed, 0, 0x81), (Outcome{0, ZnErrMixedSecondKey})) << "counts as cut";
   // Big-endian keys order like little-endian ones.
-  std::string const a = Stored(std::string("\x60\x0C", 2), 254, 5, true),
-                    b = Stored(std::string("\x61\x08", 2), 254, 5, true);
+  std::string const a = Stored(std::string("\x40\x0C", 2), 254, 5, true),
+                    b = Stored(std::string("\x50\x0C", 2), 254, 5, true); // `A` and `a`
   EXPECT_EQ(RunRow(a, b, kLiteral, 0x82), (Outcome{1, 0}));
 }
 
@@ -223,9 +232,9 @@ TEST(StringRow, HashesMemoryAndStoredFormAlike) {
   std::string part = big.substr(0, 258);
   EXPECT_EQ(manager.Hash(ZnSTRING_T, 258, part.data(), 1, 1, error), 0u);
   EXPECT_EQ(error, ZnErrNotSupported);
-  char abc[] = "abc";
-  EXPECT_EQ(manager.Hash(ZnSTRING_T, 7, Stored("abcdef").substr(0, 7).data(), 1, 1, error),
-            HashString(1, 1, abc, 3, 1) * 1103515245u);
+  char abs[] = "ab\xDF"; // its last character gives two units, of which one counts
+  EXPECT_EQ(manager.Hash(ZnSTRING_T, 7, Stored("ab\xDF...").substr(0, 7).data(), 1, 1, error),
+            HashString(1, 1, abs, 3, 1) * 1103515245u);
   EXPECT_EQ(error, 0);
 }
 

@@ -52,6 +52,7 @@ TEST_F(StringForms, StoresTheNewForm) {
   EXPECT_EQ(Stored(Make("ab", 253, 2), 2), "\x00\x08\xFD\x02\x00"s + "a\x00"s + "b\x00\xFF"s);
   EXPECT_EQ(Stored(Make("ab", 253, 2), 1), "\x08\x00\xFD\x02"s + "a\0b\0\x00\xFF"s);
   EXPECT_EQ(mgr.SupportsNullValue(ZnSTRING_T), 1);
+  EXPECT_EQ(mgr.rows[+ZnSTRING_T]->NullSizeGet(3), 18u);
 }
 
 TEST_F(StringForms, GivesItsRowFunctionsByName) {
@@ -138,6 +139,9 @@ TEST_F(StringForms, ReadsAndWritesTheOldForm) {
 
 TEST_F(StringForms, RefusesOtherFormats) {
   Bytes out(20, 'x');
+  ZnString text("abc");
+  EXPECT_EQ(mgr.Translate(ZnSTRING_T, out.data(), 1, 20, &text, 8, 0, 1), 9u);
+  EXPECT_EQ(out, Stored(text, 1) + Bytes(11, '\0'));
   EXPECT_EQ(Translate(out, 2, Stored("abc", 1), 1), 0u);
   EXPECT_EQ(Translate(out, 1, Stored("abc", 1), 1), 9u);
   EXPECT_EQ(out.substr(0, 9), Stored("abc", 1));
@@ -202,6 +206,12 @@ TEST_F(StringForms, BuildsIndexKeys) {
   EXPECT_EQ(mgr.Translate(ZnSTRING_T, &loaded, 8, 0, small.data(), 0x81, 8, 1), 8u);
   EXPECT_EQ(loaded.Len(), 2);
   EXPECT_EQ(loaded.codeSet, 254);
+  Bytes torn = expected.substr(0, 8);
+  EXPECT_EQ(mgr.Translate(ZnSTRING_T, &loaded, 8, 0, torn.data(), 0x81, 8, 1), 8u);
+  EXPECT_EQ(loaded.Len(), 2) << "no more than the area holds";
+  Bytes open(20, 'x');
+  EXPECT_EQ(Translate(open, 0x81, Stored(s, 1).substr(0, 6), 1), 8u);
+  EXPECT_EQ(open.substr(0, 8), small) << "the end of the source is not the end of its text";
   ZnString none;
   EXPECT_EQ(mgr.Translate(ZnSTRING_T, &none, 8, 0, small.data(), 0x81, 5, 1), 6u);
   EXPECT_EQ(none.codeSet, 0) << "five bytes hold no element";
@@ -241,6 +251,7 @@ TEST_F(StringForms, EndsKeysWhereTheScriptChanges) {
   mgr.Translate(ZnSTRING_T, &loaded, 8, 0, key.data(), 0x81, 8, 1);
   EXPECT_EQ(Latin(mgr.PrintToZnString(ZnSTRING_T, out, &loaded, "<%3M>", 1)),
             "<lower letter a><[MIX]>");
+  EXPECT_EQ(Latin(mgr.PrintToZnString(ZnSTRING_T, out, &loaded, "<%4M>", 1)), "<a>");
 }
 
 TEST_F(StringForms, SurvivesAnyStoredBytes) {
@@ -286,6 +297,8 @@ TEST_F(StringForms, PrintsByItsFormat) {
   EXPECT_EQ(print(ZnString(), "<%s>"), "");
   EXPECT_EQ(print(Make("w\xE4", 253, 1), "<%s>"), "<w\xE4>");
   EXPECT_EQ(out.codeSet, 1);
+  print(Make("wide", 225, 1), "%s");
+  EXPECT_EQ(out.codeSet, 225);
   EXPECT_EQ(print(Make("\xA4", 14, 1), "%s"), "\xA4");
   EXPECT_EQ(out.codeSet, 14);
   ZnString euro(static_cast<unsigned short>(0x20AC));

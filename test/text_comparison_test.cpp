@@ -242,6 +242,7 @@ TEST(Comparison, WildcardsCanBeOtherCharacters) {
   EXPECT_EQ(Compare("abc", "qbq", 0), 0);
   EXPECT_NE(Compare("qbc", "abc", 0), 0);
   ZnString::SetAsterisk(ZnChar('*', 1, 1));
+  EXPECT_EQ(ZnString("abc").Find("q", 1, 0), 1);
   ZnString::SetQuestion(ZnChar('?', 1, 1));
   EXPECT_EQ(Compare("abc", "a*", 0), 0);
 }

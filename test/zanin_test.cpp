@@ -76,6 +76,9 @@ TEST(Zanin, DefaultsComeBackWithTheStart) {
   EXPECT_EQ(ZnLanguageContext::GetDefault16CodeSet(), 253);
   ZnLanguageContext::SetDefaultCodeSet(0);
   EXPECT_EQ(ZnLanguageContext::GetDefault8CodeSet(), 5);
+  ZnLanguageContext::SetDefaultCodeSet(225); // the first with two bytes a character
+  EXPECT_EQ(ZnLanguageContext::GetDefault8CodeSet(), 5);
+  EXPECT_EQ(ZnLanguageContext::GetDefault16CodeSet(), 225);
   ZnLanguageContext::SetDefaultLanguage(7);
   ZnLanguageContext::SetDefaultCmpOp(0x30);
   EXPECT_EQ(ZnLanguageContext::GetDefaultLanguage(), 7);
