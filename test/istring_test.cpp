@@ -288,7 +288,8 @@ TEST(OldStringOrder, TellsWhatCutKeysCannot) {
     unsigned char there;
     Bytes pattern;
     int result;
-  } const patterns[] = {{6, "abcd*"s, 0}, {5, "ax*"s, -1}, {5, "ax*y"s, 1}};
+  } const patterns[] = {
+      {6, "abcd*"s, 0}, {5, "ax*"s, -1}, {5, "ax*y"s, 1}, {6, "a?x"s, 0}, {6, "a*\xDF"s, 0}};
   for (auto const & p : patterns) {
     Bytes key = (p.there == 5 ? "\xC0\x06\x00"s : "\xC0\x03\x00"s) + "\x54\x5B\0"s;
     Bytes stored = "\x40"s + static_cast<char>(p.pattern.size() + 1) + "\0"s + p.pattern + "\0"s;
