@@ -274,6 +274,8 @@ TEST(Blob, ReadsItsContentAsANumber) {
   EXPECT_EQ(Content(blob), "xy");
   (blob.*Member(TakeImage()))("\xFF\xFF\xFF\xFFxyz");
   EXPECT_TRUE(blob.IsNullValue());
+  (blob.*Member(TakeImage()))("\0\0\0\0xyz");
+  EXPECT_EQ(Content(blob), "");
   ZnBlobData * const data = (blob.*Member(Allocate()))(4);
   EXPECT_EQ(data->length, 5);
   std::free(data->bytes);
@@ -336,6 +338,7 @@ TEST(Blob, SearchStaysLinearForBytesMadeToPass) {
 }
 
 TEST(Blob, SearchesNothingAndNull) {
+  EXPECT_EQ(Blob("abc").Search(Blob("abc")), 0);
   EXPECT_EQ(Blob("abc").Search(ZnBlob()), 0);
   EXPECT_EQ(ZnBlob().Search(ZnBlob()), 0);
   EXPECT_EQ(NullBlob().Search(Blob("a")), 65535);
@@ -381,6 +384,7 @@ TEST_F(BlobRow, StoresAnArrayAsOneUnit) {
   for (unsigned char const format : {1, 2}) {
     std::vector<char> unit = Stored(mgr, ZnBLOB_T, blobs, format, 3);
     EXPECT_EQ(mgr.DiskLenGet(ZnBLOB_T, unit.data(), format, 3, format), unit.size());
+    EXPECT_EQ(mgr.DiskLenGet(ZnBLOB_T, unit.data(), 3 - format, 3, format), unit.size());
     MemFile file(unit.data(), static_cast<unsigned int>(unit.size()));
     EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnBLOB_T, &file, format, 3), unit.size());
     ZnBlob back[3] = {Blob("x"), Blob("y"), NullBlob()};
@@ -395,6 +399,10 @@ TEST_F(BlobRow, StoresAnArrayAsOneUnit) {
   }
   MemFile empty;
   EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnBLOB_T, &empty, 1, 1), 0u);
+  std::vector<char> ones(4, -1); // a total that counts as 0
+  EXPECT_EQ(mgr.DiskLenGet(ZnBLOB_T, ones.data(), 1, 1, 1), 4u);
+  MemFile cut(ones.data(), 3);
+  EXPECT_EQ(mgr.DiskLenGetFromMemFile(ZnBLOB_T, &cut, 1, 1), 0u);
   EXPECT_EQ(mgr.rows[18]->NullSizeGet(3), 12u);
 }
 

@@ -145,6 +145,7 @@ TEST(Sums, SpansKeepTheirMinus) {
   EXPECT_EQ(second != second, 0);
   EXPECT_EQ(second.AsDateTimeN() != zero.AsDateTimeN(), -1);
   EXPECT_EQ(ZnDateTimeN(0, 0, 0, 0, 0, 0, 7) != zero.AsDateTimeN(), 1);
+  EXPECT_EQ(Raw(ZnTimeSpan(32, 3, 4, 5, 6)), "0 1 2 3 4 5 6");
   ZnTimeSpan hours(0, 25, 0, 0, 0);
   hours.AddHours(0);
   EXPECT_EQ(Raw(hours), "0 0 0 25 0 0 0");
@@ -166,8 +167,9 @@ TEST(Sums, SecondsWithAFraction) {
   EXPECT_EQ(span.GetTotalSeconds_f(), -1.25);
   EXPECT_EQ(ZnDateTimeN(86400.5).GetTotalNanoSeconds(), 86400500000000);
   // What no count of nanoseconds holds ends at its limit, about 292 years.
-  for (double s : {1e300, -1e300, 1.0 / 0.0, -1.0 / 0.0, 0.0 / 0.0, 9.3e9})
-    EXPECT_LT(std::abs(ZnTimeSpan(s).year), 300) << s;
+  for (double s : {1e300, -1e300, 1.0 / 0.0, -1.0 / 0.0, 9.3e9, -9.3e9})
+    EXPECT_EQ(ZnTimeSpan(s).GetTotalSeconds() / 1000000000, s > 0 ? 9 : -9) << s;
+  EXPECT_EQ(Raw(ZnTimeSpan(0.0 / 0.0)), "0 0 0 0 0 0 0");
   ZnDateTimeN odd(2023, 13, 15, 0, 0, 0, 0); // no date: months of 30 days
   odd.AddDays(30);
   EXPECT_EQ(Raw(odd), "2024 2 15 0 0 0 0");
@@ -175,6 +177,26 @@ TEST(Sums, SecondsWithAFraction) {
   EXPECT_TRUE(null.IsNullValue());
   null.AddNanoSeconds(-1);
   EXPECT_FALSE(null.IsNullValue());
+}
+
+template <class Value>
+void CheckTotals(Value value) {
+  for (long long n : {400, -5, 0}) { // whatever the value was
+    value.SetTotalDays(static_cast<int>(n));
+    EXPECT_EQ(value.GetTotalDays(), n);
+    EXPECT_EQ(value.GetTotalSeconds(), n * 86400);
+    value.SetTotalSeconds(n);
+    EXPECT_EQ(value.GetTotalSeconds(), n);
+    value.SetTotalSeconds(static_cast<double>(n) + 0.25);
+    EXPECT_EQ(value.GetTotalSeconds_f(), static_cast<double>(n) + 0.25);
+    value.SetTotalNanoSeconds(n);
+    EXPECT_EQ(value.GetTotalNanoSeconds(), n);
+  }
+}
+
+TEST(Sums, TotalsReplaceTheValue) {
+  CheckTotals(ZnDateTimeN(2000, 2, 3, 4, 5, 6, 7));
+  CheckTotals(ZnTimeSpan(1, 2, 3, 4, 5, 6, 7));
 }
 
 TEST(Sums, DistanceOfInstants) {
@@ -197,6 +219,13 @@ TEST(Sums, DistanceOfInstants) {
   ZnDateTimeN const b(1999, 12, 31, 23, 59, 59, 700000000);
   EXPECT_EQ(Raw(ZnTimeSpan::Difference(a, b)), "0 0 0 0 0 0 800000000");
   EXPECT_EQ(Raw(ZnTimeSpan::Difference(ZnDate(2001, 1, 1), ZnDate(2002, 1, 1))), "1 0 5 0 0 0 0");
+  // A null counts as nothing, and a day of -1 as that day.
+  for (ZnTimeSpan const & span : {ZnTimeSpan(5, 0, 0, 0, 0), ZnTimeSpan(-1, 0, 0, 0, 0)})
+    for (ZnTimeSpan const & none : {ZnTimeSpan(), ZnTimeSpan::ZeroValue()}) {
+      std::string const days = "0 0 " + std::to_string(std::abs(span.day)) + " 0 0 0 0";
+      EXPECT_EQ(Raw(ZnTimeSpan::Difference(span, none)), days);
+      EXPECT_EQ(Raw(ZnTimeSpan::Difference(none, span)), days);
+    }
 }
 
 TEST(Sums, StandardTimes) {
@@ -207,6 +236,10 @@ TEST(Sums, StandardTimes) {
   d_Time assigned(0);
   assigned = ZnTime(10, 30, 0);
   EXPECT_EQ(assigned.hour(), 8);
+  EXPECT_EQ(d_Time(ZnTime(10, 30, 0)) == shifted, 1);
+  d_Timestamp stamp(2000, 1, 1, 0, 0, 0);
+  stamp = ZnDateTime(ZnDate(2000, 1, 2), ZnTime(10, 30, 0));
+  EXPECT_EQ(stamp == d_Timestamp(d_Date(2000, 1, 2), assigned), 1);
   EXPECT_EQ(d_Time(10, 30, 0.0F, 0, 0) != shifted, 0);
   EXPECT_EQ(d_Time(10, 30, 0.0F, 0, 0) == shifted, 0);
   d_Time::set_default_Time_Zone(d_Time::GMT);
@@ -217,9 +250,46 @@ TEST(Sums, StandardTimes) {
   EXPECT_EQ(time.hour() * 10000 + time.minute() * 100 + time.second(), 235959);
   EXPECT_EQ(d_Time(-1) != time, 0);
   EXPECT_TRUE(d_Time(10, 0, 0.25F) < d_Time(10, 0, 0.75F));
-  EXPECT_EQ((d_Time(10, 0, 1.5F) + d_Interval()).second(), 1.0F); // a sum drops hundredths
-  time += d_Interval(-2000000000, 0, 0, 0.0F);                    // more days than a float counts
+  d_Time precise(10, 0, 1.5F); // `+=` alone keeps the hundredths
+  EXPECT_EQ((precise + d_Interval()).second(), 1.0F);
+  EXPECT_EQ((precise += d_Interval()).second(), 1.5F);
+  EXPECT_EQ((precise -= d_Interval()).second(), 1.0F);
+  EXPECT_EQ(d_Time(-86400) == d_Time(0), 1);
+  EXPECT_EQ(d_Time(90061).hour(), 25);
+  time += d_Interval(-2000000000, 0, 0, 0.0F); // more days than a float counts
   EXPECT_EQ(time.hour() >= 0 && time.hour() < 24, true);
+}
+
+TEST(Sums, StandardTimesOrderWithoutTheirZones) {
+  constexpr unsigned short kMinus = 65535; // what is below the zone counts without a sign
+  struct {
+    d_Time a;
+    d_Time b;
+    int order;
+  } const cases[] = {
+      {{9, 59, 59.0F, 0, 0}, {10, 0, 0.0F, 0, 0}, -1},
+      {{kMinus, 0, 0.0F, 1, 0}, {10, 0, 0.0F, 0, 0}, 65525},
+      {{10, 5, 0.0F, 5, 30}, {10, 9, 0.0F, 0, 0}, -4},
+      {{10, kMinus, 0.0F, 0, 1}, {10, 9, 0.0F, 0, 0}, 65526},
+      {{10, 0, 9.0F, 0, 0}, {10, 0, 5.5F, 0, 0}, 3},
+      {{10, 0, 5.0F, 0, 0}, {10, 0, 5.5F, 0, 0}, -1},
+      {{10, 0, 5.5F, 0, 0}, {10, 0, 5.0F, 9, 0}, 1},
+      {{10, 0, 5.5F, 3, 0}, {10, 0, 5.5F, 9, 0}, 0},
+  };
+  for (auto const & c : cases) {
+    EXPECT_EQ(c.a != c.b, c.order);
+    EXPECT_EQ(c.b != c.a, -c.order);
+    EXPECT_EQ((c.a < c.b) + 2 * (c.a <= c.b), 3 * (c.order < 0) + 2 * (c.order == 0));
+    // A day apart in date, the times do not count; on one day zones keep `<=` from holding.
+    d_Timestamp const a(d_Date(2000, 1, 1), c.a);
+    d_Timestamp const b(d_Date(2000, 1, 1), c.b);
+    EXPECT_EQ(a != b, c.order);
+    EXPECT_EQ((a < b) + 2 * (a <= b), 3 * (c.order < 0));
+    EXPECT_EQ((a > b) + 2 * (a >= b), 3 * (c.order > 0));
+    EXPECT_EQ((a <= a) + (a >= a), 2);
+    EXPECT_EQ(a <= d_Timestamp(d_Date(1999, 12, 31), c.b), 0);
+    EXPECT_EQ(a > d_Timestamp(d_Date(1999, 12, 31), c.b), 1);
+  }
 }
 
 TEST(Sums, StandardTimestampsAndIntervals) {
@@ -232,10 +302,21 @@ TEST(Sums, StandardTimestampsAndIntervals) {
   // A sum that ends on a midnight before the month goes back a day more.
   stamp -= d_Interval(32, 23, 59, 59.0F);
   EXPECT_EQ(stamp == d_Timestamp(1999, 11, 28, 0, 0, 0.0F), 1);
-  EXPECT_EQ((d_Interval(1, -1, 0, 0.0F) + d_Interval(1, 1, 0, 0.0F)).second(), 0.0F);
+  d_Timestamp zoned(d_Date(2000, 2, 29), d_Time(23, 0, 0.0F, 2, 30)); // keeps its zone
+  zoned += d_Interval(0, 2, 0, 0.0F);
+  EXPECT_EQ(zoned == d_Timestamp(d_Date(2000, 3, 1), d_Time(1, 0, 0.0F, 2, 30)), 1);
+  zoned = d_Date(1999, 1, 1); // and its time
+  EXPECT_EQ(zoned == d_Timestamp(d_Date(1999, 1, 1), d_Time(1, 0, 0.0F, 2, 30)), 1);
+  EXPECT_EQ(zoned.tz_hour() * 100 + zoned.tz_minute(), 230);
+  // A minus anywhere makes the whole of it negative.
+  for (d_Interval const & minus : {d_Interval(-1, 1, 1, 1.0F), d_Interval(1, -1, 1, 1.0F),
+                                   d_Interval(1, 1, -1, 1.0F), d_Interval(1, 1, 1, -1.0F)})
+    EXPECT_EQ(minus == -d_Interval(1, 1, 1, 1.0F), 1);
+  EXPECT_EQ((d_Interval(0, 0, 5, 0.0F) - d_Interval(0, 0, 3, 1.0F)).second(), 59.0F);
   d_Interval const half(0, 0, 0, -1.5F);
   EXPECT_EQ(half.second(), -1.5F);
   EXPECT_TRUE(half / 0 == half && half * 2 < half && -half > half);
+  EXPECT_TRUE(half <= half && half >= half && !(half >= -half) && !(-half <= half));
   d_Interval const days(3, 4, 5, 6.0F);
   EXPECT_EQ(days.day() * 1000000 + days.hour() * 10000 + days.minute() * 100 +
                 static_cast<int>(days.second()),
@@ -282,6 +363,12 @@ TEST(Clock, EveryClassReadsTheInstalledClock) {
   d_Time::set_default_Time_Zone_to_local();
   EXPECT_EQ(d_Time().tz_hour(), 2);
   EXPECT_EQ(d_Time().hour(), 0);
+  clockZone = -570; // whole hours, cut
+  d_Time::set_default_Time_Zone_to_local();
+  EXPECT_EQ(d_Time().tz_hour(), -9);
+  clockZone = 0; // says nothing
+  d_Time::set_default_Time_Zone_to_local();
+  EXPECT_EQ(d_Time().tz_hour(), -9);
   d_Time::set_default_Time_Zone(d_Time::GMT);
   ZnInt64 milliseconds;
   EXPECT_EQ(GetSystemTimeInMSSinceTheEpoch(milliseconds), 0);
@@ -311,9 +398,13 @@ TEST(Clock, ZonesCarryIntoTheDate) {
     precise.nanoseconds = 5;
     precise.ToLocalTime();
     EXPECT_EQ(Raw(precise), Raw(c.local) + " 5");
+    precise.ToUTCTime();
+    EXPECT_EQ(Raw(precise), Raw(c.utc) + " 5");
     ZnTime time = c.local.time;
     time.ToUTCTime();
     EXPECT_EQ(Raw(time), Raw(c.utc.time));
+    time.ToLocalTime();
+    EXPECT_EQ(Raw(time), Raw(c.local.time));
   }
   FixedClock const none(0, 0, ZnNoTimeZone);
   ZnDateTime value(ZnDate(2000, 1, 1), ZnTime(1, 2, 3));
@@ -333,11 +424,22 @@ TEST(Constants, OfEveryClass) {
   EXPECT_EQ(Raw(ZnDateTimeN::ZeroValue()), "0 1 1 0 0 0 0");
   EXPECT_EQ(ZnDateTimeN::ZeroValue().GetTotalDays(), 0);
   EXPECT_EQ(Raw(ZnTimeSpan::ZeroValue()), "0 0 0 0 0 0 0");
+  EXPECT_EQ(Raw(ZnDateTimeN::ClearValue()), "0 0 0 0 0 0 0");
   ZnDateTime half(ZnDate::NullValue(), ZnTime(1, 0, 0));
   EXPECT_EQ(half.IsNullValue(), 0);
   half.date.SetDefaultValue();
   EXPECT_EQ(half.IsDefaultValue(), 1); // whatever the time
   EXPECT_EQ(half.SetZeroValue() + half.IsZeroValue(), 1);
+  EXPECT_EQ(Raw(half), "0 1 1 0 0 0");
+  half = ZnTime(1, 0, 0);
+  EXPECT_EQ(half.IsZeroValue(), 0);
+  ZnDate zero(5);
+  EXPECT_EQ(zero.SetZeroValue(), 0);
+  EXPECT_EQ(Raw(zero), "0 1 1");
+  // Null is the whole pattern.
+  EXPECT_EQ(ZnDate(-32768, 1, -128).IsNullValue() | ZnTime(-128, 0, -128).IsNullValue(), 0);
+  EXPECT_EQ(ZnTimeSpan(-32768, -128, -128, -128, -128, 0, 0).IsNullValue(), 0);
+  EXPECT_EQ(ZnTimeSpan(-32768, -128, -128, -128, -128, -128, -1).IsNullValue(), 0);
   ZnDateTimeN almost;
   almost.nanoseconds = 1;
   EXPECT_EQ(almost.IsNullValue(), 0);

@@ -143,8 +143,14 @@ TEST(Calendar, Validity) {
   };
   for (auto const & c : cases)
     EXPECT_EQ(c.date.IsDate(), c.valid) << Raw(c.date);
+  EXPECT_EQ(ZnDate(2024, 2, 29).IsLastDayOfTheMonth(), 1);
+  EXPECT_EQ(ZnDate(2024, 2, 31).IsLastDayOfTheMonth(), 0);
   EXPECT_EQ(ZnTime(23, 59, 59).IsTime(), 1);
   EXPECT_EQ(ZnTime(24, 0, 0).IsTime() + ZnTime(-1).IsTime() + ZnTime(0, 60, 0).IsTime(), 0);
+  EXPECT_EQ(ZnDateTime(ZnDate(2000, 1, 1), ZnTime(24, 0, 0)).IsDateTime(), 0);
+  EXPECT_EQ(ZnDateTime(ZnDate(2000, 2, 30), ZnTime(0, 0, 0)).IsDaTime(), 0);
+  EXPECT_EQ(ZnDateTimeN(2000, 1, 1, 24, 0, 0, 0).IsValidDateTime(), 0);
+  EXPECT_EQ(ZnDateTimeN(2000, 1, 1, 23, 0, 0, -5).IsValidDateTime(), 1);
 }
 
 TEST(Calendar, WildcardsInComparison) {
@@ -163,6 +169,27 @@ TEST(Calendar, WildcardsInComparison) {
     EXPECT_EQ(c.a.Compare(c.b, ZnCmpNoWildcards), c.exact);
     EXPECT_EQ(c.a != c.b, c.exact);
   }
+  struct {
+    ZnTime a;
+    ZnTime b;
+    int loose;
+    int exact;
+  } const times[] = {
+      {{-1, 2, 3}, {1, 2, 3}, 0, -2},  {{1, -1, 3}, {1, 2, 3}, 0, -3},
+      {{1, 2, -1}, {1, 2, 3}, 0, -4},  {{1, 9, 3}, {1, 2, 5}, 7, 7},
+      {{1, 2, 3}, {4, 2, -1}, -3, -3},
+  };
+  for (auto const & c : times) {
+    EXPECT_EQ(c.a.Compare(c.b, 0), c.loose);
+    EXPECT_EQ(c.b.Compare(c.a, 0), -c.loose);
+    EXPECT_EQ(c.a.Compare(c.b, ZnCmpNoWildcards), c.exact);
+    EXPECT_EQ(c.b != c.a, -c.exact);
+  }
+  ZnDateTimeN const open(2000, 1, 1, 0, 0, 0, -1);
+  ZnDateTimeN const five(2000, 1, 1, 0, 0, 0, 5);
+  EXPECT_EQ(open.Compare(five, 0) | five.Compare(open, 0), 0);
+  EXPECT_EQ(open.Compare(five, ZnCmpNoWildcards), -1);
+  EXPECT_EQ(five.Compare(ZnDateTimeN(2000, 1, 1, 0, 0, 0, 7), 0), -1);
 }
 
 TEST(Calendar, DivisionTakesTheSignOfBoth) {
@@ -184,12 +211,13 @@ TEST(Calendar, StandardDates) {
   EXPECT_EQ(gap == d_Date(1582, 10, 20), 0);
   EXPECT_EQ(d_Date::days_in_month(1500, 2), 29);
   EXPECT_EQ(d_Date::days_in_month(1700, 2), 28);
-  EXPECT_EQ(d_Date::days_in_month(2000, 13), 0);
+  EXPECT_EQ(d_Date::days_in_month(2000, 13) + d_Date::days_in_month(2000, 0), 0);
   EXPECT_EQ(d_Date(2024, 60).day(), 29);
   EXPECT_EQ(d_Date(2024, 12, 31).day_of_year(), 366);
   d_Date saturday(2000, 1, 1);
   EXPECT_EQ(saturday.next(d_Date::Saturday).day(), 8);
   EXPECT_EQ(saturday.previous(d_Date::Sunday).day(), 2);
+  EXPECT_EQ(saturday.previous(d_Date::Sunday).day(), 26); // a week, from a Sunday
   EXPECT_EQ((d_Date(2000, 1, 1) + d_Interval(1, 23, 59, 59)).day(), 2);
   EXPECT_EQ((d_Date(2000, 1, 1) - d_Interval(1, 0, 0, 0)).year(), 1999);
   EXPECT_EQ(d_Date(ZnDate(1582, 10, 5)).day(), 5);

@@ -81,7 +81,8 @@ TEST(Formats, Print) {
       {Fields(0, 0, 0, 13, 30, 0, 0), "%I %p", "01 pm"},
       {Fields(0, 0, 0, 0, 30, 0, 0), "%I", "00"},
       {Fields(0, 0, 0, 12, 30, 0, 0), "%I", "12"},
-      {Fields(0, 0, 0, 13, 30, 0, 0), "%I%%p", "01%p"},
+      {Fields(0, 0, 0, 0, 30, 0, 0), "%I%%p", "00%p"},
+      {Fields(0, 0, 0, 0, 30, 0, 0), "%I %?p", "00 am"},
       {Fields(0, 0, 0, 13, 30, 0, 0), "%I %?p", "01 am"},
       {Fields(0, 0, 0, -1, 30, 0, 0), "%H %p%%", "* am%"},
       {Fields(0, 0, 0, 0, 0, 5, 250000000), "%f", "05.250"},
@@ -89,6 +90,8 @@ TEST(Formats, Print) {
       {Fields(0, 0, 0, 0, 0, 5, 250500123), "%f", "05.250500123"},
       {Fields(0, 0, 0, 0, 0, 59, 999999999), "%f", "59.999999999"},
       {Fields(0, 0, 0, 0, 0, 0, 0), "%f", "00"},
+      {Fields(0, 0, 0, 0, 0, 0, 0), "%?f", ""},
+      {Fields(0, 0, 0, 0, 0, 0, 500000000), "%?f", "00.500"},
       {Fields(0, 0, 0, 0, 0, -4, -500000000), "%f", "-4.500"},
       {Fields(0, 0, 0, 0, 0, -4, 0), "%f %S", "-4 -04"},
       {Fields(0, 0, 0, 0, 0, -1, 5), "%f %N", "* 5"},
@@ -106,6 +109,8 @@ TEST(Formats, Print) {
       {Fields(0, 0, 0, 0, 0, 5, 0), "%?(H:%?(M:)%S", ":05"},
       {Fields(0, 0, 0, 0, 0, 0, -1), "%?(N)x", "x"}, // a wildcard does not count as printed
       {Fields(0, 0, 0, 0, 0, 0, 0), "a)b%?(H)", "a)b"},
+      {Fields(0, 0, 0, 5, 0, 0, 0), "%?(H)x)", "05x)"},
+      {Fields(0, 0, 0, 1, 0, 0, 0), "%H %?f", "01 00"},
       {Fields(2000, 1, 2, 3, 4, 5, 0), "<%D> %?T|%O", "<2000-01-02> 03:04:05|2000-01-02T03:04:05"},
       {Fields(2000, 1, 2, 3, 4, 5, 0), "%q%5%", "q5"},
       {Fields(0, 0, 0, 0, 0, 0, 0), "%??%?(?)%?%", "??%"},
@@ -118,6 +123,23 @@ TEST(Formats, Print) {
     EXPECT_EQ(Print(c.value, c.format), c.text) << c.format << " on " << Raw(c.value);
 }
 
+TEST(Formats, Names) {
+  char const * const months[] = {"Januar",    "Februar", "March",    "April",
+                                 "May",       "June",    "July",     "August",
+                                 "September", "October", "November", "December"};
+  for (int i = 0; i < 12; ++i) {
+    std::string const name = months[i];
+    EXPECT_EQ(Print(Fields(2024, i + 1, 1, 0, 0, 0, 0), "%b %B"), name.substr(0, 3) + ' ' + name);
+  }
+  char const * const days[] = {"Monday", "Tuesday",  "Wednesday", "Thursday",
+                               "Friday", "Saturday", "Sunday"};
+  for (int i = 0; i < 7; ++i) { // 1 July 2024 was a Monday
+    std::string const name = days[i];
+    EXPECT_EQ(Print(Fields(2024, 7, i + 1, 0, 0, 0, 0), "%a %A"), name.substr(0, 3) + ' ' + name);
+    EXPECT_EQ(Str(static_cast<ZnDate const &>(ZnDate(2024, 7, i + 1)).PrintDayOfTheDate()), name);
+  }
+}
+
 TEST(Formats, Scan) {
   struct {
     char const * text;
@@ -128,10 +150,16 @@ TEST(Formats, Scan) {
       {"2000-01", "%Y-%m-%d", {"2000 1 0 0 0 0 0", false}},
       {"*-03-15", "%Y-%m-%d", {"-1 3 15 0 0 0 0", true}},
       {" 2000 -  1-2", "%Y-%m-%d", {"2000 1 2 0 0 0 0", true}},
+      {"\v2000\f-\r+1\n-2", "%Y\n-%m\t-%d", {"2000 1 2 0 0 0 0", true}},
+      {"2000 12", "%Y-%m", {"2000 12 0 0 0 0 0", true}}, // a digit is no other literal
+      {" 15", "1%d", {"0 0 5 0 0 0 0", true}},
       {"20000102", "%Y-%m-%d", {"11622 0 0 0 0 0 0", false}},
       {"12:00:00 AM", "%H:%M:%S %p", {"0 0 0 0 0 0 0", true}},
       {"01:00:00 pm", "%I:%M:%S %P", {"0 0 0 13 0 0 0", true}},
       {"pm 01", "%p %I:%M", {"0 0 0 1 0 0 0", false}},
+      {"13 am", "%I %p", {"0 0 0 13 0 0 0", true}},
+      {"12 pm 12 xx", "%I %p %I %p", {"0 0 0 12 0 0 0", true}},
+      {"pm 01 xx", "%p %I %p", {"0 0 0 13 0 0 0", true}},
       {"99", "%y", {"1999 0 0 0 0 0 0", true}},
       {"30", "%y", {"2030 0 0 0 0 0 0", true}},
       {"31", "%y", {"1931 0 0 0 0 0 0", true}},
@@ -152,9 +180,11 @@ TEST(Formats, Scan) {
       {"-4.5+1", "%f", {"0 0 0 0 0 -4 -500000000", true}},
       {"1.9999999999", "%f", {"0 0 0 0 0 1 999999999", true}},
       {"2.5e1x", "%f", {"0 0 0 0 0 25 0", true}},
+      {"2.5E1x", "%f", {"0 0 0 0 0 25 0", true}},
       {"nan", "%f", {"0 0 0 0 0 0 0", true}},
       {"-12", "%N", {"0 0 0 0 0 0 -12", true}},
       {"1.2", "%?(J.)%H", {"0 0 1 2 0 0 0", true}},
+      {"1.2)3", "%?(J.)%H)%M", {"0 0 1 2 3 0 0", true}},
       {"*5", "%??%Y", {"5 0 0 0 0 0 0", true}},
       {"x", "%Y", {"0 0 0 0 0 0 0", true}},
       {"-:05", "%H:%M", {"0 0 0 0 5 0 0", true}},
@@ -171,6 +201,35 @@ TEST(Formats, Scan) {
   }
   ZnString empty("5");
   EXPECT_EQ(ScanDateTime(nullptr, empty, "%d", 1), nullptr);
+}
+
+TEST(Formats, FormatsOfTheClasses) {
+  ZnDateTime const stamp(ZnDate(2000, 1, 2), ZnTime(3, 4, 5));
+  ZnDateTime back;
+  ZnString text(Print(stamp).c_str());
+  EXPECT_EQ(Str(text), "2000-01-02T03:04:05");
+  back.ScanFromZnString(text, nullptr);
+  EXPECT_EQ(Raw(back), Raw(stamp));
+  ZnTimeSpan const span(32, 3, 4, 5, 6000);
+  ZnTimeSpan spanBack;
+  text = Print(span).c_str();
+  EXPECT_EQ(Str(text), "32.03:04:05.000006");
+  spanBack.ScanFromZnString(text, nullptr);
+  EXPECT_EQ(Raw(spanBack), Raw(span));
+}
+
+/// What was printed over keeps nothing, neither length nor labels.
+TEST(Formats, TextPrintedOver) {
+  unsigned short const wide[] = {'x', 'y', 0};
+  for (ZnString out : {ZnString("xxxxx"), ZnString("a longer text"), ZnString(wide), ZnString()}) {
+    if (out.codeSet == 1)
+      out.language = 7;
+    ZnDate(12345, 1, 2).PrintToZnString(out, "%Y");
+    EXPECT_EQ(Str(out), "12345");
+    EXPECT_EQ(out.capacity, 6);
+    EXPECT_EQ(out.codeSet, ZnString::GetDefault8CodeSet());
+    EXPECT_EQ(out.language, ZnString::GetDefaultLanguage());
+  }
 }
 
 TEST(Formats, TextOfTwoByteCharacters) {
@@ -209,6 +268,13 @@ TEST(Formats, RowsTellWhetherTheTextWasLongEnough) {
   ZnDate date(5, 5, 5);
   EXPECT_EQ(Mgr().ScanFromZnString(ZnDATE_T, &date, in, "%Y-%m-%d", 1), nullptr);
   EXPECT_EQ(Raw(date), "2000 1 0");
+  ZnDateTime stamp(date, ZnTime(5, 5, 5));
+  EXPECT_EQ(Mgr().ScanFromZnString(ZnDATIME_T, &stamp, in, "%D", 1), nullptr);
+  EXPECT_EQ(Raw(stamp), "2000 1 0 0 0 0");
+  ZnTime time(5, 5, 5);
+  EXPECT_EQ(Mgr().ScanFromZnString(ZnTIME_T, &time, in = "12:34", "%H:%M:%S", 1), nullptr);
+  EXPECT_EQ(Raw(time), "12 34 0");
+  in = "2000-01";
   d_Date standard(5, 5, 5);
   EXPECT_EQ(Mgr().ScanFromZnString(D_DATE_T, &standard, in, "%Y-%m-%d", 1), &standard);
   EXPECT_EQ(standard.year(), 2000);
@@ -216,9 +282,9 @@ TEST(Formats, RowsTellWhetherTheTextWasLongEnough) {
 }
 
 TEST(Formats, TableFormats) {
-  auto const print = [](char id, auto value) {
+  auto const print = [](char id, auto value, char const * format = nullptr) {
     ZnString out;
-    return Str(Mgr().PrintToZnString(id, out, &value, nullptr, 1));
+    return Str(Mgr().PrintToZnString(id, out, &value, format, 1));
   };
   ZnDateTime const stamp(ZnDate(2024, 2, 1), ZnTime(13, 5, 9));
   EXPECT_EQ(print(ZnDATE_T, stamp.date), "Thu 01.Feb 2024");
@@ -231,6 +297,10 @@ TEST(Formats, TableFormats) {
   EXPECT_EQ(print(D_TIMESTAMP_T, d_Timestamp(2024, 2, 1, 0, 5, 9)), "Thu Feb 01 12:05:09 am");
   EXPECT_EQ(print(D_INTERVAL_T, d_Interval(0, 13, 0, 0)),
             "00 days, 01 hours, 00 minutes, 00 seconds");
+  EXPECT_EQ(print(D_INTERVAL_T, d_Interval(2, 12, 4, 5.75F)),
+            "02 days, 12 hours, 04 minutes, 05 seconds");
+  EXPECT_EQ(print(D_INTERVAL_T, d_Interval(2, 12, 4, 5), "%X"), "0000-01-02T12:04:05");
+  EXPECT_EQ(print(D_TIME_T, d_Time(13, 5, 9, 2, 30), "%X"), "0000-01-01T13:05:09");
   EXPECT_EQ(print(ZnDATE_T, ZnDate::NullValue()), "{NULL}");
   EXPECT_EQ(print(ZnTIME_T, ZnTime::NullValue()), "{NULL}");
   ZnDate dates[] = {{2024, 2, 1}, ZnDate::NullValue()};

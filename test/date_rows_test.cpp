@@ -135,6 +135,11 @@ TEST(DateRows, StoredFormsOrderByTheirFields) {
       {D_TIME_T, {1, 0, 5, 0, 0, 0}, {2, 0, 3, 0, 0, 0}, -1, -1}, // the zone first
       {D_TIME_T, {1, 0, 5, 0, 0, 0}, {1, 0, 0xFF, 0, 0, 0}, 1, 1},
       {D_TIMESTAMP_T,
+       {7, 0xE8, 3, 15, 0, 0, 5, 0, 0, 0},
+       {7, 0xE8, 3, 15, 0, 0, 0xFF, 0, 0, 0},
+       1,
+       1}, // in the time no wildcards
+      {D_TIMESTAMP_T,
        {7, 0xE8, 3, 15, 0, 0, 5, 0, 0, 1},
        {7, 0xE8, 3, 0xFF, 0, 0, 5, 0, 0, 0},
        1,
@@ -166,7 +171,9 @@ TEST(DateRows, MemoryFormsOrderByTheirClasses) {
   EXPECT_EQ(Mgr().Cmp(D_DATE_T, gap, gap + 1, 0, 1, 8), 0);
   d_Time zones[] = {{10, 0, 0.0F, 2, 0}, {10, 0, 0.0F, 0, 0}};
   EXPECT_EQ(Mgr().Cmp(D_TIME_T, zones, zones + 1, 0, 1, 8), 0);
-  EXPECT_NE(Mgr().Cmp(D_TIME_T, zones, zones + 1, 0, 1, 1), 0);
+  for (unsigned char format : {1, 0x88}) // the whole byte tells the form of the standard classes,
+    EXPECT_NE(Mgr().Cmp(D_TIME_T, zones, zones + 1, 0, 1, format), 0);
+  EXPECT_EQ(Mgr().Cmp(ZnDATE_T, a, b, 0, 2, 0x88), -8); // the low nibble that of the others
 }
 
 TEST(DateRows, KeysCutShort) {
@@ -192,12 +199,12 @@ TEST(DateRows, KeysCutShort) {
 
 TEST(DateRows, Hashes) {
   constexpr unsigned int kMultiplier = 1103515245;
-  ZnDate date(2000, 1, 2);
+  ZnDate date(2000, -1, 2);
   ZnTime time(3, 4, -5);
   ZnDateTime stamp(date, time);
   ZnDateTimeN precise(stamp);
   precise.nanoseconds = -7;
-  unsigned int const dateWord = (2000u << 16) + 0x102;
+  unsigned int const dateWord = (2000u << 16) - 0x100 + 2;
   unsigned int const timeWord = (3u << 16) + 0x400 - 5;
   struct {
     char id;
@@ -216,15 +223,24 @@ TEST(DateRows, Hashes) {
       EXPECT_EQ(Mgr().Hash(c.id, 0, stored, 1, format, error), c.word * kMultiplier) << int(c.id);
     }
   }
-  d_Timestamp standard(d_Date(2000, 1, 2), d_Time(3, 4, 5.75F, 2, 0));
-  unsigned char stored[10];
-  Mgr().Store(D_TIMESTAMP_T, stored, &standard, 1, 1); // 02 00 05 04 05 4B
+  d_Timestamp standard(d_Date(date), d_Time(3, 4, 5.75F, -2, 0));
+  d_Time standardTime = standard.time();
   unsigned int const instant = (3u << 24) + (4u << 16) + 5;
-  unsigned int const shifted = (((((2u << 4 ^ 0) << 4 ^ 5) << 4 ^ 4) << 4 ^ 5) << 4) ^ 0x4B;
   EXPECT_EQ(Mgr().Hash(D_TIMESTAMP_T, 0, &standard, 1, 8, error),
             (dateWord ^ instant) * kMultiplier);
-  EXPECT_EQ(Mgr().Hash(D_TIMESTAMP_T, 0, stored, 1, 1, error), (dateWord ^ shifted) * kMultiplier);
-  EXPECT_EQ(Mgr().Hash(D_TIME_T, 0, stored + 4, 1, 1, error), shifted * kMultiplier);
+  EXPECT_EQ(Mgr().Hash(D_TIME_T, 0, &standardTime, 1, 8, error), instant * kMultiplier);
+  // The bytes FE 00 01 04 05 4B, which a timestamp takes with their sign.
+  auto const shifted = [](unsigned int first) {
+    return (((((first << 4 ^ 0) << 4 ^ 1) << 4 ^ 4) << 4 ^ 5) << 4) ^ 0x4B;
+  };
+  for (unsigned char format : {1, 2}) {
+    unsigned char stored[10];
+    Mgr().Store(D_TIMESTAMP_T, stored, &standard, format, 1);
+    EXPECT_EQ(Mgr().Hash(D_TIMESTAMP_T, 0, stored, 1, format, error),
+              (dateWord ^ shifted(0xFFFFFFFE)) * kMultiplier);
+    EXPECT_EQ(Mgr().Hash(D_DATE_T, 0, stored, 1, format, error), dateWord * kMultiplier);
+    EXPECT_EQ(Mgr().Hash(D_TIME_T, 0, stored + 4, 1, format, error), shifted(0xFE) * kMultiplier);
+  }
 }
 
 namespace {
@@ -270,6 +286,8 @@ TEST(DateRows, BoxesOfText) {
   EXPECT_EQ(Box(D_TIME_T, d_Time(1, 0, 9.5F, 5, 30)), "3609");
   EXPECT_EQ(Box(D_TIMESTAMP_T, d_Timestamp(2000, 1, 1, 1, 0, 0)), "2451545:3600");
   EXPECT_EQ(Box(D_INTERVAL_T, d_Interval(1, 0, 0, 0.5F)), "86400");
+  EXPECT_EQ(Box(D_INTERVAL_T, d_Interval(0, 0, 0, 2147483648.0F)), "2147483647");
+  EXPECT_EQ(Box(D_INTERVAL_T, d_Interval(-30000, 0, 0, 0)), "-2147483648");
   EXPECT_EQ(Box(ZnDATE_T, ZnDate::NullValue()), "null");
   EXPECT_EQ(Box(ZnTIMESPAN_T, ZnTimeSpan()), "null");
 
@@ -292,6 +310,7 @@ TEST(DateRows, BoxesOfText) {
            {"0:3600", "0 1 1 1 0 0 0"}})
     EXPECT_EQ(Raw(Unbox<ZnDateTimeN>(ZnDATIME_N_T, text)), fields) << text;
   EXPECT_TRUE(Unbox<ZnDateTimeN>(ZnDATIME_N_T, "0:0.0").IsNullValue());
+  EXPECT_EQ(Unbox<ZnDateTimeN>(ZnDATIME_N_T, "0:0.5").GetTotalDays(), 0);
   EXPECT_TRUE(Unbox<ZnTimeSpan>(ZnTIMESPAN_T, "0").IsNullValue());
   EXPECT_EQ(Raw(Unbox<ZnTimeSpan>(ZnTIMESPAN_T, "-1.5")), "0 0 -1 23 59 58 500000000");
   EXPECT_TRUE(Unbox<d_Date>(D_DATE_T, "2451545") == d_Date(2000, 1, 1));
@@ -300,7 +319,12 @@ TEST(DateRows, BoxesOfText) {
   EXPECT_TRUE(Unbox<d_Timestamp>(D_TIMESTAMP_T, "2451545:61") == d_Timestamp(2000, 1, 1, 0, 1, 1));
   EXPECT_TRUE(Unbox<d_Timestamp>(D_TIMESTAMP_T, ":61") ==
               d_Timestamp(d_Date(0, 0, 0), d_Time(0, 1, 1)));
+  EXPECT_TRUE(Unbox<d_Timestamp>(D_TIMESTAMP_T, "2451545") == d_Timestamp(2000, 1, 1, 0, 0, 0));
+  EXPECT_TRUE(Unbox<d_Timestamp>(D_TIMESTAMP_T, nullptr) ==
+              d_Timestamp(d_Date(0, 0, 0), d_Time(0)));
+  EXPECT_TRUE(Unbox<d_Time>(D_TIME_T, nullptr) == d_Time(0));
   EXPECT_TRUE(Unbox<d_Interval>(D_INTERVAL_T, "2") == d_Interval(2, 0, 0, 0));
+  EXPECT_TRUE(Unbox<d_Interval>(D_INTERVAL_T, nullptr) == d_Interval());
 }
 
 TEST(DateRows, NewValuesAndDefaults) {
@@ -325,6 +349,9 @@ TEST(DateRows, NewValuesAndDefaults) {
   check(ZnDATIME_T, static_cast<ZnDateTime *>(nullptr), expected[2], "-4713 11 24 0 0 0", true);
   check(ZnDATIME_N_T, static_cast<ZnDateTimeN *>(nullptr), expected[3], expected[3], true);
   check(ZnTIMESPAN_T, static_cast<ZnTimeSpan *>(nullptr), expected[3], expected[3], true);
+  auto * const stamp = static_cast<d_Timestamp *>(Mgr().DefaultValue(D_TIMESTAMP_T, 1, 0));
+  EXPECT_TRUE(*stamp == d_Timestamp(-4712, 1, 1, 0, 0, 0));
+  Mgr().Delete(D_TIMESTAMP_T, stamp, 1);
   auto * const date = static_cast<d_Date *>(Mgr().DefaultValue(D_DATE_T, 1, 1));
   EXPECT_TRUE(*date == d_Date(-4712, 1, 1));
   EXPECT_EQ(Mgr().IsNullValue(D_DATE_T, date), 0);
@@ -356,6 +383,11 @@ TEST(DateRows, Steps) {
     EXPECT_EQ(Raw(step(ZnDATIME_N_T, ZnDateTimeN(ZnDate(2000, 1, 1)), 'M', format).second),
               "2000 1 1 0 0 0 1");
     EXPECT_EQ(Raw(step(ZnDATIME_N_T, ZnDateTimeN(), 'O', format).second), "2023 11 14 22 13 20 5");
+    EXPECT_EQ(Raw(step(ZnDATE_T, ZnDate(0), 'O', format).second), "2023 11 14");
+    EXPECT_EQ(Raw(step(ZnTIME_T, ZnTime(0), 'O', format).second), "22 13 20");
+    EXPECT_EQ(Raw(step(ZnDATIME_T, ZnDateTime::Null(), 'O', format).second), "2023 11 14 22 13 20");
+    EXPECT_TRUE(step(D_DATE_T, d_Date(0, 1, 1), 'O', format).second == d_Date(2023, 11, 14));
+    EXPECT_TRUE(step(D_TIME_T, d_Time(0), 'O', format).second == d_Time(22, 13, 20));
     EXPECT_EQ(Raw(step(ZnTIMESPAN_T, ZnTimeSpan::ZeroValue(), 'M', format).second),
               "0 0 0 0 0 0 1");
     EXPECT_EQ(step(ZnTIMESPAN_T, ZnTimeSpan::ZeroValue(), 'O', format).first, 0);
@@ -367,6 +399,11 @@ TEST(DateRows, Steps) {
               20);
   }
   EXPECT_EQ(step(ZnDATE_T, ZnDate(32767, 12, 31), 'M').first, ZnErrNoNextValue);
+  // Wildcards are numbers here.
+  EXPECT_EQ(Raw(step(ZnDATIME_N_T, ZnDateTimeN(2000, 1, 1, 0, 0, 0, -1), 'M').second),
+            "2000 1 1 0 0 0 0");
+  for (unsigned char format : {1, 0x88}) // the rows themselves step in memory alone
+    EXPECT_EQ(Mgr().rows[+ZnTIME_T]->GetValue(Bytes(3).data(), 0, format, 'M'), ZnErrNotSupported);
 }
 
 TEST(DateRows, TimeStamps) {

@@ -233,6 +233,9 @@ TEST(Ident, ScansByFormat) {
       {"((((", nullptr, Ref(0, 0, 0)},
       {"3", "((((", Ref(0, 0, 0)},
   });
+  ZnRef ref = Ref(1, 2, 3, 4, 5, 6);
+  ref.ScanFromZnString(ZnString("{NULL}"));
+  EXPECT_EQ(ref.databaseId + ref.classNumber + ref.classVersion, 0);
   ZnLocalRef local;
   local.ScanFromZnString(ZnString("(1-9#4,12)"));
   EXPECT_EQ(Print(local), "(1-9#4,12)");
@@ -312,11 +315,26 @@ TEST_F(IdentRows, CompareStoredKeysFromTheLastByte) {
       }
 }
 
+TEST_F(IdentRows, CompareWithoutTheBlock) {
+  ZnObjId a = Object(3, 9, 0x05060708);
+  ZnObjId b = Object(3, 9, 0x0A0B0C0D);
+  EXPECT_EQ(mgr.Cmp(ZnOBJID_T, &a, &b, 0, 1, 8), 0);
+  for (unsigned char const format : {1, 2}) {
+    unsigned char stored[2][10];
+    mgr.Store(ZnOBJID_T, stored[0], &a, format, 1);
+    mgr.Store(ZnOBJID_T, stored[1], &b, format, 1);
+    EXPECT_EQ(mgr.Cmp(ZnOBJID_T, stored[0], stored[1], 0, 1, format), 0);
+  }
+}
+
 TEST_F(IdentRows, CompareMemoryByTheClassAndHeedNoLength) {
   ZnRef a[] = {Ref(9, 1, 1), Ref(9, 1, 1), Ref(9, 1, 1)};
   ZnRef b[] = {Ref(9, 1, 1), Ref(9, 1, 1), Ref(1, 1, 2)};
   int error = 5;
   EXPECT_EQ(mgr.Cmp(ZnREF_T, 1, a, 1, b, 0, 3, 8, error), -1); // stored, 9 would decide
+  std::swap(a[0], b[2]);
+  EXPECT_EQ(mgr.Cmp(ZnREF_T, 1, a, 1, b, 0, 3, 8, error), 1); // by the first pair
+  std::swap(a[0], b[2]);
   EXPECT_EQ(error, 0);
   unsigned char storedA[42];
   unsigned char storedB[42];
@@ -384,8 +402,8 @@ TEST_F(IdentRows, StepTheObjectAndKeepTheRest) {
 }
 
 TEST_F(IdentRows, EstimateByThePositionOfTheObject) {
-  ZnObjId const lo = Object(0, 0);
-  ZnObjId const hi = Object(0, 99);
+  ZnObjId lo = Object(0, 0);
+  ZnObjId hi = Object(0, 99);
   ZnObjId const constant = Object(0, 50);
   auto const estimate = [&](bool known, unsigned short op, ZnObjId const & value) {
     unsigned char keys[3][10];
@@ -403,6 +421,9 @@ TEST_F(IdentRows, EstimateByThePositionOfTheObject) {
   EXPECT_EQ(estimate(false, ZnOpBelow, constant), 1.0F);
   EXPECT_EQ(estimate(false, ZnOpEqual, constant), 0.0F);
   EXPECT_EQ(estimate(false, ZnOpEqual, Object(0, 0)), 1.0F);
+  lo = Object(0, 65500); // the high word counts 65535 numbers
+  hi = Object(1, 34);
+  EXPECT_EQ(estimate(true, ZnOpBelow, Object(1, 0)), 0.5F);
 
   unsigned char key[14];
   ZnRef const ref = Ref(0x8000, 0, 0);
@@ -414,6 +435,21 @@ TEST_F(IdentRows, EstimateByThePositionOfTheObject) {
   EXPECT_EQ(out.lowKey, nullptr);
   EXPECT_EQ(out.highLength, 14);
   std::free(out.highKey);
+  out = {};
+  op = ZnOpAbove;
+  unsigned char pair[28] = {};
+  EXPECT_NEAR(mgr.EvalAndBound(ZnREF_T, nullptr, op, pair, 1, 2, &out, nullptr), 1.0, 1e-6);
+  EXPECT_EQ(out.lowLength, 28);
+  std::free(out.lowKey);
+  out = {};
+  op = ZnOpEqual;
+  EXPECT_NEAR(mgr.EvalAndBound(ZnREF_T, nullptr, op, pair, 1, 1, nullptr, nullptr), 0.0, 1e-9);
+  mgr.EvalAndBound(ZnOBJID_T, nullptr, op, pair, 1, 2, &out, nullptr);
+  EXPECT_EQ(out.lowLength, 20);
+  EXPECT_EQ(out.highLength, 20);
+  std::free(out.lowKey);
+  std::free(out.highKey);
+  out = {};
   op = 7;
   EXPECT_NEAR(mgr.EvalAndBound(ZnREF_T, nullptr, op, key, 1, 1, nullptr, nullptr), 1.0, 1e-6);
   op = 0x7FF1;

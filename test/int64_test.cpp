@@ -130,6 +130,7 @@ TEST(Int64, TakesSevenDigitsOfADouble) {
                              {-0.75, 0},
                              {0.99999999, 0},
                              {1.0, 1},
+                             {-1.0, -1},
                              {-7.5, -7},
                              {1234.5678, 1234},
                              {99.99999999, 100},
@@ -273,6 +274,7 @@ TEST(Int64, ScansByDirective) {
       {"12345678", "%S", 12345678},
       {"1234567a", "%S", -1},
       {"12345678:", "%S:", 12345678},
+      {"1234567:", "%S:", 1234567},
       {"1234567/", "%S", -1},
       {" 7", "%S", -1},
   };
@@ -395,7 +397,11 @@ TEST_F(Int64Rows, EstimateShares) {
       {0, 99, {ZnOpEqual, 50, 0.01F}},
       {0, 99, {ZnOpBelow, 50, 0.5F}},
       {0, 99, {ZnOpAbove, 500, 0.0F}},
+      {0, 99, {ZnOpAbove, 99, 0.01F}}, // the ends count as one value, not as none
+      {0, 99, {ZnOpBelow, 0, 0.01F}},
+      {0, 99, {ZnOpBelow, -5, 0.0F}},
       {0, 99, {ZnOpBelow, 500, 1.0F}},
+      {(1LL << 32) - 10, (1LL << 32) + 89, {ZnOpBelow, 1LL << 32, 0.1F}},
       {kPower, kPower + 2, {ZnOpEqual, kPower + 1, 1.0F}},
       {kPower, kPower + 2, {ZnOpBelow, kPower + 1, 1.0F}}, // 0 by doubles, which coincide
       {kPower, kPower + 2, {ZnOpBelow, kPower - 600, 0.0F}},
@@ -439,11 +445,16 @@ TEST_F(Int64Rows, EstimateNumbersOfValuesWithNull) {
       {of(0), of(99), ZnOpEqual, of(500), 0.0F},
       {of(0), of(99), ZnOpEqual, of(-5), 0.0F},
       {of(0), of(99), ZnOpAbove, of(200), 0.0F},
+      {of(0), of(99), ZnOpAbove, of(99), 1.0F},
+      {of(0), of(99), ZnOpBelow, of(0), 1.0F},
+      {of(0), of(99), ZnOpBelow, of(-5), 0.0F},
       {of(1LL << 62), of((1LL << 62) + 2), ZnOpBelow, of((1LL << 62) + 1), 1.0F},
       {null, of(99), ZnOpEqual, of(50), 0.1F},
       {null, of(99), ZnOpEqual, null, 1.0F},
       {null, null, ZnOpEqual, null, 0.001F},
       {null, null, ZnOpAbove, of(3), 0.0F},
+      {null, null, ZnOpBelow, of(3), 1.0F},
+      {null, null, ZnOpBelow, of(-5), 1.0F},
   };
   for (Case const & c : cases) {
     unsigned char stored[3][9];

@@ -125,6 +125,8 @@ TEST(NumberBounds, HoldFloatsInsideTheirFloor) {
   EXPECT_EQ(Share<double>(ZnDOUBLE_T, 0, 1e300, 1, 5), kFloor);
   EXPECT_EQ(Share<double>(ZnDOUBLE_T, 0, 1e300, 4, 2e300), 0.0F);
   EXPECT_EQ(Share<float>(ZnFLOAT_T, 0, 1e30F, 1, 5), kFloor);
+  EXPECT_EQ((Share<ZnNull_double>(ZnNULL_DOUBLE_T, {0, 0}, {1e30, 0}, 1, {5, 0})), kFloor);
+  EXPECT_LT((Share<ZnNull_float>(ZnNULL_FLOAT_T, {0, 0}, {1e30F, 0}, 1, {5, 0})), kFloor); // none
   for (double value : {kInfinity, -kInfinity, std::nan(""), 0.0}) {
     for (double lo : {-kInfinity, std::nan(""), 0.0}) {
       for (unsigned short op = 0; op < 8; ++op) {
@@ -144,7 +146,7 @@ TEST(NullableBounds, TakeFixedSharesForNulls) {
     double total;
   };
   ZnNull_int const null;
-  ZnNull_int const ten{10, 0}, three{3, 0}, zero{0, 0};
+  ZnNull_int const ten{10, 0}, three{3, 0}, zero{0, 0}, far{500, 0}, below{-5, 0};
   for (auto const & [lo, hi, value, op, range, total] :
        {Case{null, ten, null, 1, 0.001, 11}, Case{null, ten, three, 1, 0.1, 11},
         Case{null, ten, three, 4, 0.5, 11}, Case{null, ten, three, 2, 0.5, 11},
@@ -152,7 +154,9 @@ TEST(NullableBounds, TakeFixedSharesForNulls) {
         Case{null, ten, null, 2, 0.0, 11}, Case{null, null, three, 7, 0.0, 1},
         Case{null, null, null, 1, 0.001, 1}, Case{null, null, null, 4, 0.0, 1},
         Case{zero, ten, null, 1, 0.0, 11}, Case{zero, ten, null, 4, 0.5, 11},
-        Case{zero, ten, null, 2, 0.0, 11}, Case{zero, ten, three, 4, 7, 11}})
+        Case{zero, ten, null, 2, 0.0, 11}, Case{zero, ten, three, 4, 7, 11},
+        Case{zero, ten, far, 2, 11, 11}, Case{zero, ten, far, 5, 0, 11},
+        Case{zero, ten, below, 4, 11, 11}, Case{zero, ten, below, 3, 0, 11}})
     EXPECT_EQ(Share(ZnNULL_INT_T, lo, hi, op, value), static_cast<float>(range / total))
         << range << " of " << total;
 }
@@ -185,7 +189,9 @@ TEST(EndKeys, FollowTheOperator) {
                           Kind{ZnNULL_INT_T, 5},   Kind{ZnNULL_UNSIGNED_T, 5},
                           Kind{ZnNULL_4B_T, 5},    Kind{ZnNULL_U4B_T, 5},
                           Kind{ZnNULL_FLOAT_T, 5}, Kind{ZnNULL_DOUBLE_T, 9},
-                          Kind{ZnNULL_8B_T, 9},    Kind{ZnNULL_U8B_T, 9}}) {
+                          Kind{ZnNULL_8B_T, 9},    Kind{ZnNULL_U8B_T, 9},
+                          Kind{ZnINT64_T, 8},      Kind{ZnNULL_ZNINT64_T, 9},
+                          Kind{ZnSEAL_T, 6}}) {
     SCOPED_TRACE(mgr.NameGet(id));
     for (unsigned short op = 0; op < 8; ++op) {
       for (unsigned int count : {1u, 3u}) {

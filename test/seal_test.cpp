@@ -101,6 +101,7 @@ TEST_F(SealRow, HasOneStoredFormThatSortsByBytes) {
   ZnSeal other[] = {Seal(5), Seal(0x3000)};
   int error = 4;
   EXPECT_EQ(mgr.Cmp(ZnSEAL_T, 1, pair, 1, other, 0, 2, 8, error), 0x4000);
+  EXPECT_EQ(mgr.Cmp(ZnSEAL_T, 1, pair, 1, other, 0, 2, 0x88, error), 0x40); // by bytes
   EXPECT_EQ(error, 0);
 }
 
@@ -175,6 +176,7 @@ TEST(Boolean, ComparesWithItsLikeAndWithNumbers) {
   constexpr Case kCases[] = {{0, 0, true, false, false},   {0, 1, false, true, false},
                              {1, 0, false, false, true},   {255, 255, true, false, false},
                              {255, 0, false, true, false}, {0, 255, false, false, true},
+                             {255, 1, false, true, false}, {1, 255, false, false, true},
                              {200, 1, true, true, false},  {2, 1, true, false, true}};
   for (Case const & c : kCases) {
     EXPECT_EQ(State(c.a) == State(c.b), c.equal) << int(c.a) << " " << int(c.b);
