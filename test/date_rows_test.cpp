@@ -115,6 +115,7 @@ TEST(DateRows, StoredFormsOrderByTheirFields) {
   } const cases[] = {
       {ZnDATE_T, {7, 0xE8, 3, 15}, {0xFF, 0xFF, 3, 15}, 0, 1},
       {ZnDATE_T, {0xFF, 0xFF, 3, 15}, {7, 0xE8, 3, 15}, -1, -1}, // only the second is a pattern
+      {ZnDATE_T, {7, 0xE8, 0xFF, 15}, {7, 0xE8, 3, 15}, -1, -1},
       {ZnDATE_T, {7, 0xE8, 3, 15}, {7, 0xE8, 0xFF, 16}, -1, 1},
       {ZnDATE_T, {0x80, 0, 1, 1}, {0, 1, 1, 1}, -1, -1},
       {ZnTIME_T, {1, 2, 3}, {1, 0xFF, 3}, 0, 1},

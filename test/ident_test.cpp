@@ -217,6 +217,7 @@ TEST(Ident, ScansByFormat) {
       {"(12-34#5)", nullptr, Ref(0, 12, 34, 5)},
       {"12-34#5", nullptr, Ref(0, 12, 34, 5)},
       {"34#5", nullptr, Ref(0, 0, 34, 5)},
+      {"( 12- 34# 5)", nullptr, Ref(0, 12, 34, 5)},
       {"(12-34", nullptr, Ref(0, 12, 34)},
       {"12/34/5", "%hu/%lu/%lu", Ref(0, 12, 34, 5)},
       {"9", "%lu", Ref(0, 0, 0)},
