@@ -499,6 +499,9 @@ TEST_F(BlobRow, ComparesUnitsAndCutKeys) {
                 c.order)
           << Content(c.a) << " " << Content(c.b) << " " << c.cutA;
       EXPECT_EQ(error, 0);
+      EXPECT_EQ(mgr.Cmp(ZnBLOB_T, 0, b.data(), c.cutA ? static_cast<unsigned int>(a.size()) : 0,
+                        a.data(), 0x10, 1, format, error),
+                -c.order);
       if (!c.cutA) {
         EXPECT_EQ(
             mgr.Cmp(ZnBLOB_T, const_cast<ZnBlob *>(&c.a), const_cast<ZnBlob *>(&c.b), 0, 1, 8),

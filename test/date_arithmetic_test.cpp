@@ -342,7 +342,9 @@ TEST(Sums, Overlaps) {
           ASSERT_EQ(overlaps(date(a), date(b), stamp(c), stamp(d)), share);
           ASSERT_EQ(overlaps(stamp(a), stamp(b), date(c), date(d)), share);
         }
-  EXPECT_EQ(overlaps(time(11), time(12), stamp(1), stamp(2)), 1);
+  d_Timestamp const later(2000, 1, 1, 13, 0, 0);
+  EXPECT_EQ(overlaps(time(11), time(12), stamp(2), later), 1);
+  EXPECT_EQ(overlaps(time(11), time(12), later, stamp(2)), 1);
   EXPECT_EQ(overlaps(stamp(1), stamp(2), time(13), time(14)), 0);
 }
 

@@ -224,6 +224,7 @@ TEST(Ident, ScansByFormat) {
       {"(4294967297-4294967297#1)", nullptr, Ref(0, 1, 1, 1)},
       {"{NULL}", nullptr, Ref(0, 0, 0)},
       {"12 34", "%H%%%L", Ref(0, 12, 34)},
+      {"15", "1%L", Ref(0, 0, 5)},
   });
   ExpectScans<ZnRef>({
       {"(3:0-9#4, 12)", nullptr, Ref(3, 0, 9, 4, 12)},
@@ -429,10 +430,10 @@ TEST_F(IdentRows, EstimateByThePositionOfTheObject) {
   unsigned char key[14];
   ZnRef const ref = Ref(0x8000, 0, 0);
   mgr.Store(ZnREF_T, key, &ref, 1, 1);
-  unsigned short op = 0x7FF0 | 0x8000 | ZnOpBelow;
+  unsigned short op = 0xFFF8 | ZnOpBelow;
   ZnIdxBounds out = {};
   EXPECT_NEAR(mgr.EvalAndBound(ZnREF_T, nullptr, op, key, 1, 1, &out, nullptr), 0.5, 0.001);
-  EXPECT_EQ(op, 0x8000 | ZnOpBelow);
+  EXPECT_EQ(op, 0x8008 | ZnOpBelow);
   EXPECT_EQ(out.lowKey, nullptr);
   EXPECT_EQ(out.highLength, 14);
   std::free(out.highKey);

@@ -222,8 +222,10 @@ TEST(Int64, PrintsByDirective) {
   for (Case const & c : kCases)
     EXPECT_EQ(Print(c.value, c.format), c.text) << (c.format ? c.format : "null");
 
-  std::string const wide(2000, 'w');
-  EXPECT_EQ(Print(-1, (wide + "%d" + wide).c_str()), wide + "-1" + wide);
+  for (std::size_t length = 480; length <= 520; ++length) { // at the end of a buffer
+    std::string const wide(length, 'w');
+    EXPECT_EQ(Print(kSmallest, (wide + "%X" + wide).c_str()), wide + "0X8000000000000000" + wide);
+  }
 }
 
 TEST(Int64, ScansByDirective) {
