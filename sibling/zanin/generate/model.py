@@ -262,10 +262,10 @@ class Model:
             self.values[place] = self._allocate_slot(place, forms, {})
             self.forms.update(forms)
 
-    def _allocate_slot(self, place, forms, taken):
+    def _allocate_slot(self, place, forms, taken, spare=()):
         """Values of one slot's forms: plain 0, single marks theirs, the rest what is free, in the
         order of the weights; the least used ones share `SEVERAL` when nothing is free. `taken`
-        are values that are given already."""
+        are values that are given already, `spare` those of marks that may serve if need be."""
         first = self.members[place][0]
         marks = self.mark_value[place[0]]
         values, used, rest = dict(taken), set(taken.values()), []
@@ -282,8 +282,8 @@ class Model:
                 used.add(values[form])
             else:
                 rest.append(form)
-        free = [v for v in [*range(20, LAST_FREE + 1), *range(OTHER_MARK, FIRST_FREE - 1, -1)]
-                if v not in used]
+        free = [v for v in [*range(20, LAST_FREE + 1), *range(OTHER_MARK, FIRST_FREE - 1, -1),
+                            *spare] if v not in used]
         chosen, over = rest[:len(free)], rest[len(free):]
         rank = {p: i for i, p in enumerate(self.members[place])}
         chosen.sort(key=lambda f: (rank[f[0]], f[1]))

@@ -14,6 +14,7 @@ What the form cannot carry is left out and told by `Language.left_out`: upper ca
 order of scripts, places among the symbols.
 """
 
+import math
 import os
 import re
 import xml.etree.ElementTree as ElementTree
@@ -150,6 +151,7 @@ class Language(model.Model):
         self.class_of, self.tier = dict(root.class_of), dict(root.tier)
         self.overrides, self.left_out, self.touched = {}, [], set()
         self.new, self.seconds = FIRST_NEW, set()
+        self.own = self.data.exemplar_of.get(source.split('/')[0], set())
         parser = Parser(rules_of(source))
         self.left_out += ['[' + x.split()[0] + ']' for x in parser.ignored]
         self._apply(parser.result)
@@ -217,7 +219,7 @@ class Language(model.Model):
                     own, anchor = (3, same[-1]) if same else (2, anchor)
                 try:
                     anchor = self._relate(anchor, own, before, text, extension)
-                    group = (group if strength == 3 else []) + [(text, anchor)]
+                    group = (group if strength in (0, 3) else []) + [(text, anchor)]
                 except OutOfForm:
                     self.left_out.append(self._name(text))
                 before = 0
@@ -273,12 +275,13 @@ class Language(model.Model):
         return self.new
 
     def _new_secondary(self, secondary, before):
-        """A weight directly behind the anchor's, or in front of it."""
+        """A weight directly behind the anchor's, or in front of it: between whole numbers, which
+        are the root's."""
         if before == 2:
-            low = max([s for s in self.seconds if s < secondary] + [secondary - 1])
+            low = max([s for s in self.seconds if s < secondary] + [math.ceil(secondary) - 1])
             new = (low + secondary) / 2
         else:
-            high = min([s for s in self.seconds if s > secondary] + [secondary + 1])
+            high = min([s for s in self.seconds if s > secondary] + [math.floor(secondary) + 1])
             new = (secondary + high) / 2
         self.seconds.add(new)
         return new
@@ -300,10 +303,14 @@ class Language(model.Model):
     # ---- Slots and values
 
     def _codes_of_overrides(self):
-        """The characters whose elements may have changed."""
+        """The characters whose elements may have changed: those that begin with a text of the
+        rules, and the letters of the language itself that have a mark of theirs. The marks on
+        other letters keep their order: it would take entries for them all."""
         firsts = {text[0] for text in self.overrides}
+        marks = {code for code in firsts if self.data.ccc.get(code)}
         return {code for code in self.root.starter
-                if self.root.starter[code] in firsts}
+                if self.root.starter[code] in firsts or
+                (code in self.own and marks.intersection(ucd.decompose(self.data, (code,))))}
 
     def _number_again(self):
         root = self.root
@@ -349,6 +356,7 @@ class Language(model.Model):
             by_place.setdefault(place, {})[form] = min(
                 x for x in (root.forms.get(form), forms.get(form)) if x)
         self.values = dict(root.values)
+        gone = None
         for place, wanted in by_place.items():
             old = root.values.get(place, {})
             same = root.members.get(place) == self.members[place]
@@ -356,9 +364,26 @@ class Language(model.Model):
                 continue
             first = self.members[place][0]
             kept = root.members.get(place, [None])[0] == first
-            self.values[place] = self._allocate_slot(
-                place, wanted, {f: v for f, v in old.items()
-                                if kept and f[0] == first and v != model.SEVERAL})
+            taken = {f: v for f, v in old.items()
+                     if kept and f[0] == first and v != model.SEVERAL}
+            values = self._allocate_slot(place, wanted, taken)
+            if any(values[f] == model.SEVERAL and wanted[f][0] == MAIN for f in wanted):
+                # Letters of living languages need the values of forms that no text has any more.
+                gone = gone or self._gone_forms(forms)
+                values = self._allocate_slot(
+                    place, {f: tier for f, tier in wanted.items() if f not in gone},
+                    {f: v for f, v in taken.items() if f not in gone},
+                    sorted({v for f, v in taken.items() if f in gone and v > 0}))
+            self.values[place] = values
+
+    def _gone_forms(self, forms):
+        """The root's forms that only characters with other elements had."""
+        live = set(forms)
+        for text, elements in self.root.keys.items():
+            if text[0] not in self.changed:
+                live.update((primary, secondaries) for primary, secondaries, _ in
+                            self.root.split(elements) if primary in self.root.slot)
+        return set(self.root.forms) - live
 
     def texts(self):
         """The texts that the rules place, and those contractions with marks on their last

@@ -9,6 +9,7 @@ Only the Basic Multilingual Plane is read: a character of code set 253 is one 16
 import functools
 import glob
 import html
+import os
 import re
 
 UCD = '/usr/share/unicode'
@@ -115,17 +116,20 @@ def _parse_set(text):
 
 
 def _exemplars(data):
-    """Characters that living languages write with: `main` and `auxiliary` of all locales."""
-    data.exemplar_main, data.exemplar_auxiliary = set(), set()
+    """Characters that living languages write with: `main` and `auxiliary` of all locales, and
+    `main` of each."""
+    data.exemplar_main, data.exemplar_auxiliary, data.exemplar_of = set(), set(), {}
     for path in sorted(glob.glob(CLDR + '/main/*.xml')):
         with open(path, encoding='utf-8') as file:
             text = file.read()
         for kind, chars in re.findall(
                 r'<exemplarCharacters( type="auxiliary")?[^>t]*>(\[.*?\])</exemplarCharacters>',
                 text):
-            target = data.exemplar_auxiliary if kind else data.exemplar_main
-            target.update(ord(c) for c in _parse_set(chars))
-    for chars in (data.exemplar_main, data.exemplar_auxiliary):
+            some = {ord(c) for c in _parse_set(chars)}
+            (data.exemplar_auxiliary if kind else data.exemplar_main).update(some)
+            if not kind:
+                data.exemplar_of[os.path.basename(path).removesuffix('.xml')] = some
+    for chars in (data.exemplar_main, data.exemplar_auxiliary, *data.exemplar_of.values()):
         chars.update([data.upper[c] for c in chars if c in data.upper])
 
 

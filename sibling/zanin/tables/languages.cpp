@@ -234,8 +234,8 @@ constinit unsigned char const DottedILanguages[] = {
   5,84,0,
 };
 
-constinit unsigned int const OrderVersionNumber = 1;
-constinit unsigned long long const OrderFingerprintNumber = 0x472995153b12b8b5ULL;
+constinit unsigned int const OrderVersionNumber = 2;
+constinit unsigned long long const OrderFingerprintNumber = 0x42bc0e848a4365d1ULL;
 constinit char const * const OrderSourceName = "Unicode 15.0.0, UCA 14.0.0, CLDR 41";
 
 } // namespace zntms
