@@ -26,6 +26,7 @@
 #include "znseal.h"
 #include "znstrcmp.h"
 #include "znstring.h"
+#include "znstringbounds.h"
 #include "znstringstore.h"
 #include "zntypecvt.h"
 #include "zntypemgr.h"

@@ -25,3 +25,7 @@ inline constexpr unsigned short ZnOpBelow = 2;
 inline constexpr unsigned short ZnOpAbove = 4;
 /// Output of string and date rows: the constant holds a wildcard.
 inline constexpr unsigned short ZnOpWildcard = 8;
+/// Input of string rows: the index has to be searched from its start if the comparison ignores
+/// spaces or symbols. Without it a text that lacks spaces or symbols of the constant, though equal
+/// to it, may lie below the low key.
+inline constexpr unsigned short ZnOpFromStart = 0x1000;

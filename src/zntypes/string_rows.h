@@ -1,6 +1,7 @@
 #pragma once
 
 #include "znstrcmp.h"
+#include "znstringbounds.h"
 #include "zntypes/class_box.h"
 #include "zntypes/empty_rows.h"
 #include "zntypes/istring_rows.h"
@@ -17,16 +18,17 @@ namespace zntms {
 inline constexpr RowText kStringText = {"%s", &StringPrint, &StringScan};
 inline constexpr RowLife kStringLife = kClassLife<ZnString>;
 inline constexpr RowStorage kStringStorage = kNewStringStorage;
-inline constexpr RowQuery kStringQuery = {&StringCompare, &EmptyBound, &StringHash};
+inline constexpr RowQuery kStringQuery = {&StringCompare, &ZnStringEvalAndBound, &StringHash};
 inline constexpr RowBox kStringBox = kClassBox<StringInBox>;
 inline constexpr RowNull kStringNull = kClassNull<ZnString>;
-inline constexpr ZnTypeRow::StepFunc kStringStep = &NoStep;
+inline constexpr ZnTypeRow::StepFunc kStringStep = &ZnStringGetValue;
 
 // ZnString in the one-length form of old data; shares text, life and box with the row above
 inline constexpr RowText kOldStringText = {"%s", &StringPrint, &StringScan};
 inline constexpr RowLife kOldStringLife = kClassLife<ZnString>;
 inline constexpr RowStorage kOldStringStorage = kOneLengthStorage;
-inline constexpr RowQuery kOldStringQuery = {&OldStringCompare, &EmptyBound, &OldStringHash};
+inline constexpr RowQuery kOldStringQuery = {&OldStringCompare, &OldStringEvalAndBound,
+                                             &OldStringHash};
 inline constexpr RowBox kOldStringBox = kClassBox<StringInBox>;
 inline constexpr ZnTypeRow::StepFunc kOldStringStep = &NoStep;
 
