@@ -46,7 +46,7 @@ constexpr Operator kOperators[] = {
 TEST_F(ToolTest, SelectsTextsAsAFilterDoes) {
   std::mt19937 random(3);
   std::array const letters = {"a", "b", "B", "á", "ж", "Ж", "ω", " ", "-", "7", "ß"};
-  std::vector<std::string> words = {"a", "ab", "á", "abж", "abжb", "жa"};
+  std::vector<std::string> words = {"a", "ab", "á", "abж", "abжb", "жa", "abz", "z"};
   auto word = [&](size_t length) {
     std::string text = "b";
     for (size_t i = 0; i < length; ++i)
@@ -81,11 +81,48 @@ TEST_F(ToolTest, SelectsTextsAsAFilterDoes) {
   for (Operator const & op : kOperators) {
     for (int trial = 0; trial < 4; ++trial)
       expect(op, words[random() % words.size()]);
-    expect(op, "abж");
+    for (char const * constant : {"abж", "abα", "ж-", "ba*", "ж*"})
+      expect(op, constant);
+    expect(op, std::string(130, 'a') + "b");
   }
-  for (char const * pattern : {"*", "b*", "ba*", "b?b", "*b", "*ж*", "bá*", "a*", "?"}) {
+  for (std::string const & pattern :
+       std::vector<std::string>{"*", "b*", "ba*", "b?b", "*b", "*ж*", "bá*", "a*", "?", "ж*",
+                                "abж*", "b-*", "b *b", "7*", std::string(128, 'a') + "*"}) {
     expect(kOperators[0], pattern);
     expect(kOperators[1], pattern);
+  }
+}
+
+TEST_F(ToolTest, WalksOnlyTheRangeOfAText) {
+  std::string csv = "name,n\n";
+  for (char first = 'a'; first <= 'j'; ++first)
+    for (char second = 'a'; second <= 'j'; ++second)
+      csv += std::string{first, second} + "x,0\n";
+  csv += ",1\nжя,2\nжю,3\n";
+  ASSERT_EQ(
+      Run({"load", File("t.db"), Written("t.csv", csv), "--columns", "name:ZnString,n:int"}).code,
+      0);
+  struct Case {
+    char const * condition;
+    int walked, hits;
+  };
+  for (Case const & c : std::vector<Case>{{"name = bc*", 1, 1},
+                                          {"name = b*", 10, 10},
+                                          {"name = b?x", 10, 10},
+                                          {"name = b*c", 10, 0},
+                                          {"name = bcx", 1, 1},
+                                          {"name = bc", 0, 0},
+                                          {"name < b", 11, 11},
+                                          {"name >= j", 12, 12},
+                                          {"name = ж*", 2, 2},
+                                          {"name is null", 1, 1},
+                                          {"name = *x", 103, 100}}) {
+    Result const result = Run({"query", File("t.db"), c.condition, "--explain"});
+    std::vector<std::string> const lines = Lines(result.out);
+    ASSERT_GE(lines.size(), 6u) << result.err;
+    EXPECT_EQ(lines[lines.size() - 2], "# entries walked   " + std::to_string(c.walked) + " of 103")
+        << c.condition;
+    EXPECT_EQ(lines.back(), "# hits             " + std::to_string(c.hits)) << c.condition;
   }
 }
 

@@ -107,16 +107,27 @@ private:
       area.keyLimit = kLongestKey;
     }
     OwnedBounds bounds;
-    auto op = static_cast<unsigned short>(predicate_.op | flags_);
+    auto op = static_cast<unsigned short>(predicate_.op | flags_ | ZnOpFromStart);
     Bytes value = stored_; // rows may write into it for a moment
     plan_.share = Manager().EvalAndBound(column_.type, smallest ? &area : nullptr, op, value.data(),
                                          kStoredFormat, 1, &bounds, nullptr);
-    // Where the key of the constant does not tell all of it, neither do bounds made from it.
-    if (Bytes key; MakeKey(constant_, key)) {
+    Bytes key;
+    keysTell_ = MakeKey(constant_, key);
+    bool const cut = !keysTell_ && (IsCut(bounds.lowKey, bounds.lowLength) ||
+                                    IsCut(bounds.highKey, bounds.highLength));
+    if (!cut) {
       plan_.low = KeyOf(bounds.lowKey, bounds.lowLength);
       plan_.high = KeyOf(bounds.highKey, bounds.highLength);
     }
     walk_.Between(plan_.low ? &*plan_.low : nullptr, plan_.high ? &*plan_.high : nullptr);
+  }
+
+  /// What a bound that was cut lacks may decide about shorter keys.
+  bool IsCut(void * bound, unsigned int size) const {
+    int error = 0;
+    if (bound != nullptr)
+      Manager().Cmp(column_.type, size, bound, size, bound, ZnCmpNoWildcards, 1, kKeyFormat, error);
+    return error == ZnErrIncomplete || error == ZnErrNotSupported;
   }
 
   MDB_val WholeValue(RowNumber row) {
@@ -136,9 +147,9 @@ private:
       return loaded.IsNull() == (predicate_.kind == Predicate::IsNull);
     }
     int error = 0;
-    int order = Compare(value, error);
-    if (error != 0)
-      order = Compare(WholeValue(row), error); // the key did not tell enough
+    int order = keysTell_ ? Compare(value, error) : 0;
+    if (!keysTell_ || error != 0)
+      order = Compare(WholeValue(row), error);
     return predicate_.Selects(order);
   }
 
@@ -148,6 +159,8 @@ private:
   IndexWalk walk_;
   Value constant_;
   unsigned short flags_;
+  bool keysTell_ =
+      true; ///< the constant has a key that tells all of it, as comparison by keys asks
   Bytes stored_;
   Plan plan_;
   unsigned long long walked_ = 0, walkedRest_ = 0, hits_ = 0;
