@@ -222,6 +222,8 @@ TEST(StringBounds, KeysThatAreThereStay) {
   Bound(Mgr(), Stored("x*"), op, 1, nullptr, &out);
   EXPECT_EQ(out.Low(), low);
   EXPECT_EQ(out.High(), high);
+  // The block has room for the longest key of the index.
+  EXPECT_EQ(Hex(out.lowKey, out.keyLimit), low + std::string(2 * (200 - low.size() / 2), '0'));
 }
 
 // ---- Estimates ----------------------------------------------------------------------------------
@@ -275,6 +277,9 @@ TEST(StringBounds, SharesOfAnIndex) {
   constexpr double kLetter = 4294967296.0, kSecond = 65536.0;
   double const unit = 0x100000;
   double const aToZ = 25 * 4 * kLetter + unit; // from "a" to "z"
+  std::string mixedAbc = Key("abc"), greekAbc = Key("abc");
+  mixedAbc[3] = '\x81';
+  greekAbc[3] = 2;
   struct ShareCase {
     std::string low, high, constant;
     unsigned short op;
@@ -308,6 +313,10 @@ TEST(StringBounds, SharesOfAnIndex) {
       {Key("abc"), Key("abc"), Stored("abc-"), kBelow, 1.0},
       {Key("abc-"), Key("abc-"), Stored("abc"), kBelow, 0.0},
       {Key("abc-"), Key("abc-"), Stored("abc"), kAbove, 1.0},
+      {mixedAbc, mixedAbc, Stored("abc-"), kBelow, 1.0},
+      {bytes("a*"), bytes("a*"), bytes("abcdef*"), kEqual, 1.0},
+      // What is alike in another class is no common start.
+      {Key("ab"), greekAbc, Stored("abc"), kBelow, 0.0},
   };
   for (ShareCase const & c : cases) {
     Area area(c.low, c.high);
@@ -550,6 +559,8 @@ TEST(StringStep, KeysByteByByte) {
            {"the end mark moves", spare, 0x81, 'M', 0, "0C00FE010C50105014500C5000FFEEEE"},
            {"no room", cut, 0x81, 'M', 0, "0A00FE010C501050FEFF"},
            {"half a unit is no room", key.substr(0, 11), 0x81, 'M', 0, "0A00FE010C501050FEFF00"},
+           {"half a unit in front of the end mark", "\x0B" + key.substr(1), 0x81, 'M', 0,
+            "0C00FE010C50105014500C50"},
            {"a wildcard", Key("ab*c"), 0x81, 'M', 0, "0C00FE010C501050FEFF145000FF"},
            {"stays under N", Key("a*"), 0x81, 'N', 0, "0A00FE010C509F000C50"},
            {"bytes", bytes, 0x81, 'M', 0,
@@ -576,6 +587,14 @@ TEST(StringStep, KeysByteByByte) {
     EXPECT_EQ(Hex(block.data.get(), block.size), c.expected) << c.what;
     EXPECT_EQ(OldMgr().GetValue(ZnSTRING_T, block.data.get(), 0, 0x81, 'M'), ZnErrNotSupported);
   }
+}
+
+TEST(StringStep, KeysDoNotOutgrowTheirLengthField) {
+  std::string text = std::string("\xFF\xFF\0\0", 4) + std::string(65540, 'a');
+  Block const block(text);
+  EXPECT_EQ(Mgr().GetValue(ZnSTRING_T, block.data.get(), 65544, 0x81, 'N'), 0);
+  text[4 + 65535 - 4 - 1] = 'b';
+  EXPECT_EQ(block.Bytes(), text);
 }
 
 TEST(StringStep, NextKeysOrderBehind) {
