@@ -294,6 +294,7 @@ TEST(StringBounds, SharesOfAnIndex) {
       {bytes("a"), bytes("z"), bytes("*m"), kBelow, 1.0},
       // Bytes are clipped: what lies above ASCII is found by its first byte.
       {bytes("\xC0"), bytes("\xE0"), bytes("\xD0"), kEqual, 1.0},
+      {bytes("\xC0\x20"), bytes("\xE0\x30"), bytes("\xD0z"), kEqual, 128.0 / ((16 << 14) + 128)},
       {Key("a"), Key("z"), Stored("k"), kBelow, 10 * 4 * kLetter / aToZ},
       {Key("a"), Key("z"), Stored("k"), kAbove, 15 * 4 * kLetter / aToZ},
       {Key("a"), Key("z"), Stored("k"), kEqual, unit / aToZ},
