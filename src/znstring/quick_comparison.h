@@ -87,19 +87,21 @@ private:
 template <int Width, bool Careful, class Closely>
 inline int CompareDifferences(unsigned char codeSet, unsigned char language, char const * a,
                               char const * b, unsigned short cmpOp, Closely closely) {
+  // Asked for in front of the loop, whose end is hard to predict.
+  LanguageOrders const * const orders =
+      Careful ? OrdersOf(codeSet, language) : knownOrders.Get(codeSet, language);
+  if (orders == nullptr)
+    return closely(0);
+  OrderPages const pages = orders->pages;
   Differences found;
   std::size_t start = 0;
   for (std::size_t i = 0;; start = i) {
     unsigned int common; // all characters that both texts have from here on, one or another
     if (PassEqual<Width>(a, b, i, common))
       return found.Result(cmpOp);
-    LanguageOrders const * const orders =
-        Careful ? OrdersOf(codeSet, language) : knownOrders.Get(codeSet, language);
-    if (orders == nullptr)
-      return closely(0);
-    DifferingCharacters<Width> const pair(orders->pages, a + i, b + i, common);
+    DifferingCharacters<Width> const pair(pages, a + i, b + i, common);
     if ((common >= orders->quiet || pair.MarksNear()) &&
-        (!Careful || MayHangOver<Width>(orders->pages, pair.Traits(), a + start, a + i)))
+        (!Careful || MayHangOver<Width>(pages, pair.Traits(), a + start, a + i)))
       return closely(0);
     if (!pair.ArePlainLetters())
       return closely(start == 0 ? i : 0);
